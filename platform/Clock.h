@@ -11,7 +11,7 @@ public:
 
     /// For intervals: the wall time at launch carried on by a steady clock, so that a clock
     /// that is set back swallows no tap.
-    virtual Date now() const = 0;
+    virtual Instant now() const = 0;
 
     /// For dates that are stored: what the system's clock says at this moment.
     virtual Date wallClock() const = 0;

@@ -41,8 +41,7 @@ public:
     virtual std::vector<UnreadableTrackpad> unreadableTrackpads() = 0;
 
     /// The handler is called on the reader's thread and must not block. Main thread.
-    virtual std::unique_ptr<ButtonListener>
-    listen(std::function<void(ButtonNotice)> handler) = 0;
+    virtual std::unique_ptr<ButtonListener> listen(std::function<void(ButtonNotice)> handler) = 0;
 };
 
 } // namespace brimlow::platform

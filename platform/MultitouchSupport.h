@@ -20,7 +20,7 @@ struct MTReadout {
 /// One contact in one frame.
 struct MTFinger {
     std::int32_t frame = 0;
-    double timestamp = 0;       // seconds, of the device's clock
+    double timestamp = 0;        // seconds, of the device's clock
     std::int32_t identifier = 0; // one finger, from touch-down to lift-off
     std::int32_t state = 0;      // MTContactState
     std::int32_t foo3 = 0;
@@ -46,8 +46,8 @@ enum MTContactState : std::int32_t {
 
 using MTDeviceRef = void*;
 
-/// Called on the framework's own thread with an array that is valid only during the call; null and 0
-/// when nothing touches. The result is not used.
+/// Called on the framework's own thread with an array that is valid only during the call; null and
+/// 0 when nothing touches. The result is not used.
 using MTContactFrameCallback = std::int32_t (*)(std::int32_t device, const MTFinger* fingers,
                                                 std::int32_t count, double timestamp,
                                                 std::int32_t frame);

@@ -8,7 +8,8 @@ namespace brimlow::platform {
 /// The installed program: where it stands and what packaging says of it.
 class NSBundle {
 public:
-    /// The main bundle, read from "Info.json" beside the installed program's data where there is one.
+    /// The main bundle, read from "Info.json" beside the installed program's data where there is
+    /// one.
     static NSBundle forApplicationAt(const QString& executablePath);
 
     NSBundle(QString bundlePath, QJsonObject infoDictionary)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Observable.h"
+#include "platform/Streams.h"
 
 #include <QByteArray>
 #include <QJsonArray>
@@ -23,8 +24,9 @@ namespace brimlow::platform {
 /// Observers (several objects may show the same key) are told before each change. Main thread only.
 class NSUserDefaults : public ObservableObject {
 public:
-    /// Reads `path`; a file or folder that does not exist yet is empty, and made when first written.
-    explicit NSUserDefaults(QString path);
+    /// Reads `path`; a file or folder that does not exist yet is empty, and made when first
+    /// written. Complaints go to `log`, which outlives this.
+    NSUserDefaults(QString path, LogSink& log);
 
     /// $XDG_CONFIG_HOME/brimlow/preferences.json, by default below ~/.config.
     static QString standardPath();
@@ -51,6 +53,7 @@ private:
     void save();
 
     QString path_;
+    LogSink& log_; // not the current platform's: the preferences are part of that
     QJsonObject values_;
     bool complained_ = false; // a failing disk is reported once until it works again
 };

@@ -82,20 +82,21 @@ protected:
     void willChange() { std::shared_ptr<ObserverList>(observers_)->notify(); }
 
 private:
-    template<typename T> friend class Published;
+    template<typename T>
+    friend class Published;
     std::shared_ptr<ObserverList> observers_;
 };
 
 /// A property whose every assignment is announced by its owner, changed or not.
-template<typename T> class Published {
+template<typename T>
+class Published {
 public:
     explicit Published(ObservableObject& owner, T initial = {})
         : owner_(owner), value_(std::move(initial)) {}
     Published(const Published&) = delete;
 
     template<typename U>
-        requires std::assignable_from<T&, U>
-    Published& operator=(U&& value) {
+    requires std::assignable_from<T&, U> Published& operator=(U&& value) {
         owner_.willChange();
         value_ = std::forward<U>(value);
         return *this;
@@ -119,7 +120,8 @@ public:
     Lifetime(const Lifetime&) = delete;
     Lifetime& operator=(const Lifetime&) = delete;
 
-    template<typename Function> auto guard(Function function) const {
+    template<typename Function>
+    auto guard(Function function) const {
         return [weak = std::weak_ptr<char>(token_),
                 inner = std::move(function)](auto&&... arguments) mutable {
             if (!weak.expired())

@@ -10,9 +10,9 @@ class NSBundle;
 class NSUserDefaults;
 class Session;
 
-/// Everything the process asks of the system it runs on. The services of this folder (AXIsProcessTrusted,
-/// NSWorkspace, ...) are process-wide by nature and look here; each program and each test makes
-/// one, which is current until it is destroyed. All members outlive it.
+/// Everything the process asks of the system it runs on. The services of this folder
+/// (AXIsProcessTrusted, NSWorkspace, ...) are process-wide by nature and look here; each program
+/// and each test makes one, which is current until it is destroyed. All members outlive it.
 struct Platform {
     Platform(Clock& clock, MainQueue& mainQueue, LogSink& log, NSUserDefaults& defaults,
              NSBundle& mainBundle, InputDevices& inputDevices, Session& session);

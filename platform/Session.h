@@ -2,9 +2,10 @@
 
 #include <QString>
 
+#include <sys/types.h>
+
 #include <cstdint>
 #include <optional>
-#include <sys/types.h>
 #include <vector>
 
 namespace brimlow::platform {
@@ -21,10 +22,10 @@ struct Outcome {
 
 /// One window of one application, on whatever workspace. Desktops, panels and docks are no windows.
 struct Window {
-    std::uint32_t number = 0; // X11 window id, or the session's own stable number
-    pid_t ownerPid = 0;       // 0 when it cannot be told
-    QString title;            // empty when it has none, or when it cannot be read
-    QString applicationId;    // desktop-file id without ".desktop"
+    std::uint32_t number = 0;     // X11 window id, or the session's own stable number
+    pid_t ownerPid = 0;           // 0 when it cannot be told
+    QString title;                // empty when it has none, or when it cannot be read
+    QString applicationId;        // desktop-file id without ".desktop"
     std::optional<int> workspace; // from 0; absent when it is on all of them
     bool hidden = false;          // minimised
     bool active = false;          // has the focus
@@ -77,7 +78,7 @@ public:
 
 /// What a session can do, in words for its user.
 struct Abilities {
-    QString sessionName;         // "X11 (Openbox)"
+    QString sessionName;          // "X11 (Openbox)"
     bool controlsWindows = false; // can list, activate, hide and close windows of others
     bool readsTitles = false;
     bool switchesWorkspaces = false;

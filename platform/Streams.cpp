@@ -4,8 +4,9 @@
 
 #include <QByteArray>
 
-#include <cerrno>
 #include <unistd.h>
+
+#include <cerrno>
 
 namespace brimlow::platform {
 

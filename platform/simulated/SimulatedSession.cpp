@@ -1,0 +1,104 @@
+#include "platform/simulated/SimulatedSession.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace brimlow::platform {
+
+using namespace Qt::StringLiterals;
+
+std::uint32_t SimulatedSession::openWindow(const QString& applicationId, pid_t pid,
+                                           const QString& title) {
+    windows_.push_back({.number = ++lastNumber_,
+                        .ownerPid = pid,
+                        .title = title,
+                        .applicationId = applicationId,
+                        .workspace = currentWorkspace_});
+    focus(lastNumber_);
+    return lastNumber_;
+}
+
+Window& SimulatedSession::window(std::uint32_t number) {
+    const auto found = std::ranges::find(windows_, number, &Window::number);
+    if (found == windows_.end())
+        throw std::out_of_range("no such window");
+    return *found;
+}
+
+void SimulatedSession::setWorkspaces(int count, int current) {
+    workspaceCount_ = count;
+    currentWorkspace_ = current;
+}
+
+Abilities SimulatedSession::abilities() {
+    return {.sessionName = u"simulated"_s,
+            .controlsWindows = trusted_,
+            .readsTitles = trusted_,
+            .switchesWorkspaces = trusted_,
+            .missing = trusted_ ? QString() : u"The simulated world does not trust us."_s};
+}
+
+std::optional<std::vector<Window>> SimulatedSession::list() {
+    if (std::exchange(failNextList_, false))
+        return std::nullopt;
+    return windows_;
+}
+
+void SimulatedSession::focus(std::uint32_t number) {
+    for (auto& each : windows_)
+        each.active = each.number == number;
+}
+
+Outcome SimulatedSession::change(const QString& verb, std::uint32_t number,
+                                 const std::function<void(Window&)>& edit) {
+    const auto found = std::ranges::find(windows_, number, &Window::number);
+    if (found == windows_.end())
+        return Outcome::failure(u"no such window"_s);
+    journal_ << verb + u' ' + found->title;
+    edit(*found);
+    return Outcome::success();
+}
+
+Outcome SimulatedSession::activate(std::uint32_t number) {
+    return change(u"activate"_s, number, [this](Window& each) {
+        each.hidden = false;
+        currentWorkspace_ = each.workspace.value_or(currentWorkspace_);
+        focus(each.number);
+    });
+}
+
+Outcome SimulatedSession::raise(std::uint32_t number) {
+    return change(u"raise"_s, number, [](Window&) {});
+}
+
+Outcome SimulatedSession::unhide(std::uint32_t number) {
+    return change(u"unhide"_s, number, [](Window& each) { each.hidden = false; });
+}
+
+Outcome SimulatedSession::hide(std::uint32_t number) {
+    if (!unhideable_.isEmpty() && window(number).applicationId == unhideable_)
+        return Outcome::failure(u"refused"_s);
+    return change(u"hide"_s, number, [](Window& each) { each.hidden = true; });
+}
+
+Outcome SimulatedSession::close(std::uint32_t number) {
+    const auto outcome = change(u"close"_s, number, [](Window&) {});
+    std::erase_if(windows_, [number](const Window& each) { return each.number == number; });
+    return outcome;
+}
+
+Outcome SimulatedSession::step(Direction direction) {
+    const int next = currentWorkspace_ + (direction == Direction::left ? -1 : 1);
+    currentWorkspace_ = std::clamp(next, 0, workspaceCount_ - 1);
+    journal_ << u"workspace %1"_s.arg(currentWorkspace_);
+    return Outcome::success();
+}
+
+Outcome SimulatedSession::post(const KeyEvent& event) {
+    journal_ << u"key %1 %2 flags %3"_s.arg(event.keyCode)
+                    .arg(event.down ? u"down"_s : u"up"_s)
+                    .arg(event.flags, 0, 16);
+    return Outcome::success();
+}
+
+} // namespace brimlow::platform

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/Session.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <map>
+
+namespace brimlow::platform {
+
+/// A described world of windows and workspaces, with a journal of all that was done to it.
+class SimulatedSession final : public Session, private Windows, private Workspaces, private Input {
+public:
+    // The world's verbs.
+
+    /// Opens a window on the current workspace, in front; returns its number.
+    std::uint32_t openWindow(const QString& applicationId, pid_t pid, const QString& title);
+    /// For what openWindow cannot say. The reference is valid until the next window opens or
+    /// closes.
+    Window& window(std::uint32_t number);
+    void setWorkspaces(int count, int current);
+    void setTrusted(bool trusted) { trusted_ = trusted; }
+    void failNextWindowList() { failNextList_ = true; }
+    /// Requests to hide windows of this application are refused from now on.
+    void refuseHiding(const QString& applicationId) { unhideable_ = applicationId; }
+
+    int currentWorkspace() const { return currentWorkspace_; }
+    /// What was done since the last call, one entry each, in order.
+    QStringList takeJournal() { return std::exchange(journal_, {}); }
+
+    Windows& windows() override { return *this; }
+    Workspaces& workspaces() override { return *this; }
+    Input& input() override { return *this; }
+    Abilities abilities() override;
+
+private:
+    std::optional<std::vector<Window>> list() override;
+    Outcome activate(std::uint32_t number) override;
+    Outcome raise(std::uint32_t number) override;
+    Outcome unhide(std::uint32_t number) override;
+    Outcome hide(std::uint32_t number) override;
+    Outcome close(std::uint32_t number) override;
+    Outcome step(Direction direction) override;
+    Outcome post(const KeyEvent& event) override;
+
+    /// Journals "<verb> <title>" and does it to the window, if there is one.
+    Outcome change(const QString& verb, std::uint32_t number,
+                   const std::function<void(Window&)>& edit);
+    void focus(std::uint32_t number);
+
+    std::vector<Window> windows_; // bottom to top
+    std::uint32_t lastNumber_ = 0x1400000;
+    int workspaceCount_ = 4;
+    int currentWorkspace_ = 0;
+    bool trusted_ = true;
+    bool failNextList_ = false;
+    QString unhideable_;
+    QStringList journal_;
+};
+
+} // namespace brimlow::platform

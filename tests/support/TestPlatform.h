@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/NSBundle.h"
+#include "platform/NSUserDefaults.h"
+#include "platform/Platform.h"
+#include "platform/Streams.h"
+#include "platform/simulated/SimulatedInputDevices.h"
+#include "platform/simulated/SimulatedSession.h"
+#include "platform/simulated/VirtualTime.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <mutex>
+
+namespace brimlow::test {
+
+/// Keeps the lines that the system under test writes.
+class CapturedLog final : public platform::LogSink {
+public:
+    void write(platform::Stream stream, const QByteArray& line) override;
+    /// All lines since the last call, in order, without line feeds.
+    QStringList take();
+    /// The same, of one stream only; the other's lines are dropped.
+    QStringList take(platform::Stream stream);
+
+private:
+    struct Line {
+        platform::Stream stream;
+        QString text;
+    };
+    std::mutex mutex_;
+    std::vector<Line> lines_;
+};
+
+/// A whole described world on virtual time, with preferences in a folder of its own. Make it first
+/// in a test: it is the current platform for as long as it lives.
+struct TestPlatform {
+    QTemporaryDir folder;
+    platform::VirtualTime time;
+    CapturedLog log;
+    platform::NSBundle bundle{
+        QStringLiteral("/usr/bin/brimlow"),
+        {{QStringLiteral("CFBundleIdentifier"), QStringLiteral("org.brimlow.Brimlow")}}};
+    platform::SimulatedInputDevices devices;
+    platform::SimulatedSession session;
+    platform::NSUserDefaults defaults{folder.filePath(QStringLiteral("preferences.json")), log};
+    platform::Platform platform{time, time, log, defaults, bundle, devices, session};
+};
+
+} // namespace brimlow::test
