@@ -24,11 +24,11 @@ void StandardStreams::write(Stream stream, const QByteArray& line) {
     }
 }
 
-void printLine(QStringView text) {
+void printLine(const QString& text) {
     Platform::current().log.write(Stream::output, text.toUtf8() + '\n');
 }
 
-void printErrorLine(QStringView text) {
+void printErrorLine(const QString& text) {
     Platform::current().log.write(Stream::error, text.toUtf8() + '\n');
 }
 

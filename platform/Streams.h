@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStringView>
+#include <QString>
 
 namespace brimlow::platform {
 
@@ -21,7 +21,7 @@ public:
 };
 
 /// Writes `text` and a line feed to the current platform's sink. Any thread.
-void printLine(QStringView text);
-void printErrorLine(QStringView text);
+void printLine(const QString& text);
+void printErrorLine(const QString& text);
 
 } // namespace brimlow::platform
