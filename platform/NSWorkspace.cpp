@@ -29,6 +29,11 @@ bool NSRunningApplication::hide() const {
     return any;
 }
 
+bool NSRunningApplication::activate() const {
+    return !windows_.empty()
+           && Platform::current().session.windows().activate(windows_.back().number).done;
+}
+
 std::vector<NSRunningApplication> NSWorkspace::runningApplications() {
     const auto windows = Platform::current().session.windows().list();
     if (!windows)

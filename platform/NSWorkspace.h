@@ -24,6 +24,9 @@ public:
     bool isHidden() const;
     /// Minimises its ordinary windows; whether any was.
     bool hide() const;
+    /// Brings the window of it that was last in front forward; whether the session took the
+    /// request.
+    bool activate() const;
 
 private:
     friend class NSWorkspace;
