@@ -17,9 +17,10 @@ namespace brimlow::platform {
 /// when the call returns; a reader of the file sees the old or the new whole, never a part. Keys
 /// nobody here knows are kept.
 ///
-/// A file that cannot be parsed is moved aside as "<name>.damaged-<UTC time>" with one line on
-/// standard error. A file that cannot be written keeps the running state, says so once, and is
-/// tried again at the next assignment.
+/// A file that cannot be parsed is moved aside as "<name>.damaged-<UTC time>", with one line to
+/// the log. A file that cannot be opened or moved may be sound: the log says so, and it is never
+/// written as long as this lives. Where writing fails, the running state is kept, the log says so
+/// once until it works again, and the next assignment tries again.
 ///
 /// Observers (several objects may show the same key) are told before each change. Main thread only.
 class NSUserDefaults : public ObservableObject {
@@ -45,16 +46,25 @@ public:
     void setArray(const QJsonArray& value, const QString& key);
     void removeObjectForKey(const QString& key);
 
+    /// For data whose owner cannot read it and is about to replace it: copies it to
+    /// "<path>.<key>.damaged-<UTC time>", with one line to the log. Where that cannot be written,
+    /// the copy stays in the preferences, under the key "<key>.damaged". Does nothing where the
+    /// key holds no data.
+    void keepDamagedDataForKey(const QString& key);
+
     const QString& path() const { return path_; }
 
 private:
     void load();
-    void set(const QString& key, QJsonValue value);
+    void moveDamagedFileAside();
+    void withhold(const QString& reason);
+    void set(const QString& key, const QJsonValue& value);
     void save();
 
     QString path_;
     LogSink& log_; // not the current platform's: the preferences are part of that
     QJsonObject values_;
+    bool withheld_ = false;   // the file holds something that was not read: never write
     bool complained_ = false; // a failing disk is reported once until it works again
 };
 
