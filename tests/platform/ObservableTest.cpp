@@ -1,0 +1,82 @@
+#include "platform/Observable.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace brimlow::test {
+namespace {
+
+using namespace platform;
+
+struct Model : ObservableObject {
+    Published<int> value{*this, 1};
+};
+
+TEST(Observable, TellsBeforeEachAssignmentChangedOrNot) {
+    Model model;
+    std::string seen;
+    const auto subscription =
+        model.observeWillChange([&] { seen += std::to_string(model.value.get()); });
+    model.value = 1;
+    model.value = 2;
+    model.value = 3;
+    EXPECT_EQ(seen, "112");
+}
+
+TEST(Observable, ObserversMayLeaveComeAndReplaceEachOtherWhileBeingTold) {
+    Model model;
+    std::string seen;
+    Subscription first;
+    Subscription second;
+    Subscription third;
+    first = model.observeWillChange([&] {
+        seen += 'a';
+        second = {};
+        third = model.observeWillChange([&] { seen += 'c'; });
+        first = {}; // itself, while it runs
+        seen += 'A';
+    });
+    second = model.observeWillChange([&] { seen += 'b'; });
+    model.value = 2;
+    EXPECT_EQ(seen, "aA");
+    model.value = 3;
+    EXPECT_EQ(seen, "aAc");
+}
+
+TEST(Observable, ASubscriptionMayOutliveItsObject) {
+    Subscription subscription;
+    {
+        Model model;
+        subscription = model.observeWillChange([] {});
+    }
+    subscription = {};
+}
+
+TEST(Observable, ATellingMayNest) {
+    Model model;
+    int told = 0;
+    Subscription subscription;
+    subscription = model.observeWillChange([&] {
+        if (++told < 3)
+            model.value = told;
+        subscription = {};
+    });
+    model.value = 9;
+    EXPECT_EQ(told, 1 + 2) << "still attached when it assigned";
+    model.value = 1;
+    EXPECT_EQ(told, 3);
+}
+
+TEST(Lifetime, GuardedWorkOfAnOwnerThatIsGoneDoesNothing) {
+    int ran = 0;
+    auto owner = std::make_unique<Lifetime>();
+    auto work = owner->guard([&] { ++ran; });
+    work();
+    owner.reset();
+    work();
+    EXPECT_EQ(ran, 1);
+}
+
+} // namespace
+} // namespace brimlow::test

@@ -1,0 +1,83 @@
+#include "platform/Accessibility.h"
+#include "platform/Format.h"
+#include "platform/NSAppleScript.h"
+#include "tests/support/TestPlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cmath>
+
+namespace brimlow::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace platform;
+
+TEST(Fixed, RoundsAsCDoesInEveryLocale) {
+    struct Row {
+        double value;
+        int decimals;
+        const char* text;
+    };
+    std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
+    for (const Row& row :
+         {Row{14.5, 0, "14"}, Row{15.5, 0, "16"}, Row{0.125, 2, "0.12"}, Row{0.375, 2, "0.38"},
+          Row{0.0625, 3, "0.062"}, Row{-0.0, 1, "-0.0"}, Row{2.675, 2, "2.67"},
+          Row{1e22, 1, "10000000000000000000000.0"}, Row{INFINITY, 4, "inf"}})
+        EXPECT_EQ(fixed(row.value, row.decimals).toStdString(), row.text);
+    std::setlocale(LC_NUMERIC, "C");
+    EXPECT_EQ(fixed(1.7976931348623157e308, 20).size(), 309 + 1 + 20);
+}
+
+TEST(AppleScript, CompilesWhatThisProgramSendsAndNothingElse) {
+    TestPlatform world;
+    struct Row {
+        QString source;
+        bool compiles;
+    };
+    const QString right =
+        u"tell application \"System Events\" to key code 124 using control down"_s;
+    for (const Row& row : {Row{right, true}, Row{right + u'\n', false}, Row{u' ' + right, false},
+                           Row{QString(right).replace(u"124"_s, u"-1"_s), false},
+                           Row{QString(right).replace(u"control"_s, u"command"_s), false},
+                           Row{right + u"\ndo shell script \"true\""_s, false}, Row{{}, false}})
+        EXPECT_EQ(NSAppleScript::initWithSource(row.source) != nullptr, row.compiles)
+            << row.source.toStdString();
+}
+
+TEST(AppleScript, ReportsWhatTheSessionRefusesAsAnErrorDictionary) {
+    TestPlatform world;
+    const auto script = NSAppleScript::initWithSource(
+        u"tell application \"System Events\" to key code 12 using control down"_s);
+    NSAppleScriptError error;
+    EXPECT_EQ(script->executeAndReturnError(error), std::nullopt);
+    EXPECT_EQ(error.message(),
+              u"System Events got an error: the key has no meaning in this session."_s);
+    EXPECT_EQ(NSAppleScriptError(-1, u"a \"b\"\\ é\nc"_s).description(),
+              u"{\n"
+              u"    NSAppleScriptErrorAppName = \"System Events\";\n"
+              u"    NSAppleScriptErrorBriefMessage = \"a \\\"b\\\"\\\\ \\U00e9\\nc\";\n"
+              u"    NSAppleScriptErrorMessage = \"a \\\"b\\\"\\\\ \\U00e9\\nc\";\n"
+              u"    NSAppleScriptErrorNumber = \"-1\";\n"
+              u"}"_s);
+}
+
+TEST(Accessibility, PromptNamesEachThingThatIsMissing) {
+    TestPlatform world;
+    world.session.setTrusted(false);
+    world.devices.plugInUnreadable({u"Pad"_s, u"/dev/input/event5"_s, u"Permission denied"_s});
+    EXPECT_FALSE(AXIsProcessTrustedWithOptions(AXTrustedCheckOptionPrompt::no));
+    EXPECT_EQ(world.log.take(), QStringList());
+    EXPECT_FALSE(AXIsProcessTrustedWithOptions(AXTrustedCheckOptionPrompt::yes));
+    const QStringList lines = world.log.take(Stream::error);
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_TRUE(lines[0].startsWith(u"Brimlow: The trackpad \"Pad\" (/dev/input/event5) cannot be "
+                                    u"read: Permission denied."_s));
+    world.devices.grantAll();
+    world.session.setTrusted(true);
+    EXPECT_TRUE(AXIsProcessTrusted());
+}
+
+} // namespace
+} // namespace brimlow::test
