@@ -14,8 +14,8 @@ class Session;
 /// (AXIsProcessTrusted, NSWorkspace, ...) are process-wide by nature and look here; each program
 /// and each test makes one, which is current until it is destroyed. All members outlive it.
 struct Platform {
-    Platform(Clock& clock, MainQueue& mainQueue, LogSink& log, NSUserDefaults& defaults,
-             NSBundle& mainBundle, InputDevices& inputDevices, Session& session);
+    Platform(Clock& theClock, MainQueue& theQueue, LogSink& theLog, NSUserDefaults& theDefaults,
+             NSBundle& theBundle, InputDevices& theDevices, Session& theSession);
     ~Platform();
     Platform(const Platform&) = delete;
     Platform& operator=(const Platform&) = delete;

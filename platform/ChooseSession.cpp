@@ -1,0 +1,61 @@
+#include "platform/ChooseSession.h"
+
+#include "platform/Streams.h"
+#include "platform/none/NoSession.h"
+#include "platform/x11/X11Session.h"
+
+#include <QSocketNotifier>
+
+namespace brimlow::platform {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::unique_ptr<Session> noSession(const QString& reason) {
+    auto session = std::make_unique<NoSession>(reason);
+    StandardStreams().write(Stream::error,
+                            "Brimlow: " + session->abilities().missing.toUtf8() + '\n');
+    return session;
+}
+
+/// The session and the watch over its connection, which must not outlive it.
+class WatchedX11Session final : public Session {
+public:
+    WatchedX11Session(std::unique_ptr<X11Session> session,
+                      std::function<void(const QString&)> whenLost)
+        : session_(std::move(session)), notifier_(session_->connectionFd(), QSocketNotifier::Read) {
+        QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_,
+                         [this, whenLost = std::move(whenLost)] {
+                             if (!session_->connectionLost())
+                                 return;
+                             notifier_.setEnabled(false);
+                             whenLost(u"the X server went away"_s);
+                         });
+    }
+
+    Windows& windows() override { return session_->windows(); }
+    Workspaces& workspaces() override { return session_->workspaces(); }
+    Input& input() override { return session_->input(); }
+    Abilities abilities() override { return session_->abilities(); }
+
+private:
+    std::unique_ptr<X11Session> session_;
+    QSocketNotifier notifier_;
+};
+
+} // namespace
+
+std::unique_ptr<Session> chooseSession(std::function<void(const QString&)> whenLost) {
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+        return noSession(u"Wayland desktops are not supported yet"_s);
+    if (!qEnvironmentVariableIsSet("DISPLAY"))
+        return noSession(u"there is no X server: DISPLAY is not set"_s);
+    QString reason;
+    auto session = X11Session::connect({}, reason);
+    if (!session)
+        return noSession(reason);
+    return std::make_unique<WatchedX11Session>(std::move(session), std::move(whenLost));
+}
+
+} // namespace brimlow::platform
