@@ -21,7 +21,11 @@ namespace {
 const QString dataMember = u"data"_s;
 
 void logLine(LogSink& log, const QString& text) {
-    log.write(Stream::error, u"NSUserDefaults: %1\n"_s.arg(text).toUtf8());
+    log.write(Stream::error, QString(u"NSUserDefaults: "_s + text + u'\n').toUtf8());
+}
+
+QString messageOf(int error) {
+    return QString::fromStdString(std::generic_category().message(error));
 }
 
 QJsonValue packed(const QByteArray& data) {
@@ -44,15 +48,15 @@ void NSUserDefaults::load() {
     const int descriptor = ::open(QFile::encodeName(path_).constData(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0) {
         if (errno != ENOENT && errno != ENOTDIR)
-            withhold(QString::fromStdString(std::generic_category().message(errno)));
+            withhold(u"cannot read %1: %2"_s.arg(path_, messageOf(errno)));
         return;
     }
     QFile file;
-    if (!file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
-        return withhold(file.errorString());
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes;
+    if (file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
+        bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        return withhold(file.errorString());
+        return withhold(u"cannot read %1: %2"_s.arg(path_, file.errorString()));
     const auto document = QJsonDocument::fromJson(bytes);
     if (document.isObject())
         values_ = document.object();
@@ -63,14 +67,13 @@ void NSUserDefaults::load() {
 void NSUserDefaults::moveDamagedFileAside() {
     const QString kept = moveAsideAsDamaged(path_);
     if (kept.isNull())
-        return withhold(u"it is damaged and cannot be moved aside"_s);
-    logLine(log_, path_ + u" is damaged; moved to "_s + kept);
+        return withhold(u"%1 is damaged and cannot be moved aside"_s.arg(path_));
+    logLine(log_, u"%1 is damaged; moved to %2"_s.arg(path_, kept));
 }
 
-void NSUserDefaults::withhold(const QString& reason) {
+void NSUserDefaults::withhold(const QString& complaint) {
     withheld_ = true;
-    logLine(log_, u"cannot read "_s + path_ + u": "_s + reason
-                      + u"; nothing is saved until the next start"_s);
+    logLine(log_, complaint + u"; nothing is saved until the next start"_s);
 }
 
 std::optional<bool> NSUserDefaults::boolForKey(const QString& key) const {
@@ -127,14 +130,16 @@ void NSUserDefaults::removeObjectForKey(const QString& key) {
     set(key, QJsonValue(QJsonValue::Undefined));
 }
 
-void NSUserDefaults::keepDamagedDataForKey(const QString& key) {
-    const auto data = dataForKey(key);
-    if (!data)
+void NSUserDefaults::keepDamagedValueForKey(const QString& key) {
+    if (!values_.contains(key))
         return;
-    const QString kept = keepAsDamaged(path_ + u'.' + key, *data);
+    const auto data = dataForKey(key);
+    const QJsonObject alone{{key, values_.value(key)}};
+    const QString kept =
+        keepAsDamaged(path_ + u'.' + key, data ? *data : QJsonDocument(alone).toJson());
     if (kept.isNull())
-        setData(*data, key + u".damaged"_s);
-    logLine(log_, key + u" is damaged; kept in "_s + (kept.isNull() ? path_ : kept));
+        return withhold(u"%1 in %2 is damaged and cannot be copied"_s.arg(key, path_));
+    logLine(log_, u"%1 is damaged; kept in %2"_s.arg(key, kept));
 }
 
 void NSUserDefaults::set(const QString& key, const QJsonValue& value) {
@@ -148,7 +153,7 @@ void NSUserDefaults::save() {
         return;
     const auto failure = replaceFile(path_, QJsonDocument(values_).toJson());
     if (failure && !complained_)
-        logLine(log_, u"cannot write "_s + path_ + u": "_s + *failure);
+        logLine(log_, u"cannot write %1: %2"_s.arg(path_, *failure));
     complained_ = failure.has_value();
 }
 

@@ -46,25 +46,25 @@ public:
     void setArray(const QJsonArray& value, const QString& key);
     void removeObjectForKey(const QString& key);
 
-    /// For data whose owner cannot read it and is about to replace it: copies it to
-    /// "<path>.<key>.damaged-<UTC time>", with one line to the log. Where that cannot be written,
-    /// the copy stays in the preferences, under the key "<key>.damaged". Does nothing where the
-    /// key holds no data.
-    void keepDamagedDataForKey(const QString& key);
+    /// For a value that its owner cannot make sense of and is about to replace: copies it to
+    /// "<path>.<key>.damaged-<UTC time>" (data as its bytes, anything else as JSON), with one line
+    /// to the log. Where that cannot be written, the file is not written either as long as this
+    /// lives. Does nothing where the key is absent.
+    void keepDamagedValueForKey(const QString& key);
 
     const QString& path() const { return path_; }
 
 private:
     void load();
     void moveDamagedFileAside();
-    void withhold(const QString& reason);
+    void withhold(const QString& complaint);
     void set(const QString& key, const QJsonValue& value);
     void save();
 
     QString path_;
     LogSink& log_; // not the current platform's: the preferences are part of that
     QJsonObject values_;
-    bool withheld_ = false;   // the file holds something that was not read: never write
+    bool withheld_ = false;   // the file has what nobody read and nothing keeps: never write
     bool complained_ = false; // a failing disk is reported once until it works again
 };
 

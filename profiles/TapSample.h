@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QJsonValue>
+
+#include <optional>
+
+namespace brimlow {
+
+/// A recorded position: each axis runs from 0 to 1 over the trackpad, y upwards.
+struct TapSample {
+    double x = 0;
+    double y = 0;
+
+    bool operator==(const TapSample&) const = default;
+
+    QJsonObject toJson() const;
+    /// Both coordinates are required.
+    static std::optional<TapSample> fromJson(const QJsonValue& value);
+};
+
+/// The plain distance, in the units of the axes: a trackpad's shape does not count.
+double distance(const TapSample& a, const TapSample& b);
+
+} // namespace brimlow
