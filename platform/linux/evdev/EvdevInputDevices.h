@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/InputDevices.h"
+
+namespace brimlow::platform {
+
+class InputReader;
+
+/// The machine's pointers, through the reader that also delivers the contact frames.
+class EvdevInputDevices : public InputDevices {
+public:
+    EvdevInputDevices();
+
+    bool available() override;
+    std::vector<UnreadableTrackpad> unreadableTrackpads() override;
+    std::unique_ptr<ButtonListener> listen(std::function<void(ButtonNotice)> handler) override;
+
+private:
+    InputReader& reader_;
+};
+
+} // namespace brimlow::platform

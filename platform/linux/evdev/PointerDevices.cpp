@@ -1,0 +1,179 @@
+#include "platform/linux/evdev/PointerDevices.h"
+
+#include "platform/linux/evdev/EventNode.h"
+#include "platform/linux/evdev/PadFeed.h"
+#include "platform/linux/evdev/StandardError.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+namespace brimlow::platform {
+
+namespace {
+
+std::string canonical(const std::string& path) {
+    std::error_code error;
+    const auto result = std::filesystem::weakly_canonical(path, error);
+    return error ? path : result.string();
+}
+
+std::string reasonOf(int error) {
+    return std::generic_category().message(error);
+}
+
+} // namespace
+
+/// One open pointer.
+class PointerDevices::Device final : public EventNodeListener {
+public:
+    Device(PointerDevices& owner, PointerNode pointer, std::unique_ptr<EventNode> node)
+        : owner_(owner), pointer_(std::move(pointer)), node_(std::move(node)) {
+        if (pointer_.kind == PointerKind::touchpad)
+            startFeed();
+        else
+            node_->askForLeftButtonOnly();
+        owner_.loop_.watch(node_->descriptor(), [this](std::uint32_t) { readable(); });
+    }
+    ~Device() { owner_.loop_.unwatch(node_->descriptor()); }
+
+    const PointerNode& pointer() const { return pointer_; }
+
+private:
+    void startFeed() {
+        TrackpadDescription description = node_->description();
+        description.sizeHint = pointer_.sizeHint;
+        feed_.emplace(description, owner_.identities_, owner_.frames_);
+        feed_->beginResync();
+        node_->tellState([this](const input_event& event) { feed_->feed(event); });
+        feed_->endResync();
+    }
+
+    void readable() {
+        if (node_->drain(*this) == EventNode::Drained::open)
+            return;
+        PointerDevices& owner = owner_;
+        const std::string syspath = pointer_.syspath;
+        owner.remove(syspath); // and with it this object
+    }
+
+    void event(const input_event& event) override {
+        if (isLeftPress(event) && !recovering_)
+            owner_.buttons_(ButtonEvent::leftMouseDown);
+        if (feed_)
+            feed_->feed(event);
+    }
+
+    void eventsLost() override {
+        recovering_ = true;
+        if (feed_)
+            feed_->beginResync();
+    }
+
+    void recovered() override {
+        recovering_ = false;
+        if (feed_)
+            feed_->endResync();
+        owner_.buttons_(ButtonEvent::eventsLost);
+    }
+
+    PointerDevices& owner_;
+    PointerNode pointer_;
+    std::unique_ptr<EventNode> node_;
+    std::optional<PadFeed> feed_;
+    bool recovering_ = false;
+};
+
+PointerDevices::PointerDevices(EventLoop& loop, ContactIdentities& identities,
+                               ContactFrames& frames, ButtonHandler buttons,
+                               std::string onlyTouchpad)
+    : loop_(loop), identities_(identities), frames_(frames), buttons_(std::move(buttons)),
+      onlyTouchpad_(onlyTouchpad.empty() ? onlyTouchpad : canonical(onlyTouchpad)) {
+    if (watch_.descriptor() >= 0)
+        loop_.watch(watch_.descriptor(), [this](std::uint32_t) {
+            watch_.receive([this](DeviceChange change, const PointerNode& pointer) {
+                changed(change, pointer);
+            });
+        });
+    enumerate();
+}
+
+PointerDevices::~PointerDevices() {
+    if (watch_.descriptor() >= 0)
+        loop_.unwatch(watch_.descriptor());
+}
+
+void PointerDevices::enumerate() {
+    watch_.enumerate(
+        [this](DeviceChange change, const PointerNode& pointer) { changed(change, pointer); });
+    if (onlyTouchpad_.empty())
+        return;
+    // A node that udev does not tell of is its own name.
+    const PointerNode named{onlyTouchpad_, onlyTouchpad_, onlyTouchpad_, PointerKind::touchpad, {}};
+    if (!isOpen(named) && refused_.empty())
+        open(named);
+}
+
+void PointerDevices::changed(DeviceChange change, PointerNode pointer) {
+    if (change == DeviceChange::removed) {
+        refused_.erase(pointer.syspath);
+        remove(pointer.syspath);
+        return;
+    }
+    if (!onlyTouchpad_.empty()) {
+        const bool named = canonical(pointer.node) == onlyTouchpad_;
+        pointer.kind = named ? PointerKind::touchpad : PointerKind::mouse;
+    }
+    if (!isOpen(pointer))
+        open(pointer);
+}
+
+bool PointerDevices::isOpen(const PointerNode& pointer) const {
+    return std::any_of(devices_.begin(), devices_.end(), [&](const auto& entry) {
+        return entry.first == pointer.syspath || entry.second->pointer().node == pointer.node;
+    });
+}
+
+void PointerDevices::open(const PointerNode& pointer) {
+    refused_.erase(pointer.syspath);
+    auto opened = EventNode::open(pointer.node);
+    if (const int* error = std::get_if<int>(&opened))
+        refuse(pointer, *error);
+    else
+        devices_[pointer.syspath] = std::make_unique<Device>(
+            *this, pointer, std::move(std::get<std::unique_ptr<EventNode>>(opened)));
+}
+
+void PointerDevices::refuse(const PointerNode& pointer, int error) {
+    if (error == ENOENT || error == ENODEV || error == ENXIO)
+        return; // gone again before it was opened
+    refused_[pointer.syspath] = {pointer, error};
+    if (pointer.kind != PointerKind::touchpad || !reported_.insert(pointer.syspath).second)
+        return;
+    printToStandardError("Brimlow: cannot read the trackpad \"" + pointer.name + "\" ("
+                         + pointer.node + "): " + reasonOf(error)
+                         + "; a udev rule that tags pointers with \"uaccess\" "
+                           "(70-brimlow.rules) lets the user at the screen read them");
+}
+
+void PointerDevices::remove(const std::string& syspath) {
+    if (devices_.erase(syspath) > 0)
+        buttons_(ButtonEvent::devicesGone);
+}
+
+std::vector<UnreadableNode> PointerDevices::retryUnreadable() {
+    const auto before = refused_;
+    for (const auto& [syspath, refusal] : before)
+        open(refusal.pointer);
+    std::vector<UnreadableNode> unreadable;
+    for (const auto& [syspath, refusal] : refused_) {
+        const PointerNode& pointer = refusal.pointer;
+        if (pointer.kind == PointerKind::touchpad)
+            unreadable.push_back({pointer.name, pointer.node, reasonOf(refusal.error)});
+    }
+    return unreadable;
+}
+
+} // namespace brimlow::platform
