@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Session.h"
+
+namespace brimlow::platform {
+
+/// Where there is no desktop that we can speak to: nothing can be done to windows, everything else
+/// of the program runs.
+class NoSession : public Session, private Windows, private Workspaces, private Input {
+public:
+    /// `reason`: why, one clause without a full stop.
+    explicit NoSession(QString reason) : reason_(std::move(reason)) {}
+
+    Windows& windows() override { return *this; }
+    Workspaces& workspaces() override { return *this; }
+    Input& input() override { return *this; }
+    Abilities abilities() override;
+
+private:
+    std::optional<std::vector<Window>> list() override { return std::nullopt; }
+    Outcome activate(std::uint32_t) override { return refusal(); }
+    Outcome raise(std::uint32_t) override { return refusal(); }
+    Outcome unhide(std::uint32_t) override { return refusal(); }
+    Outcome hide(std::uint32_t) override { return refusal(); }
+    Outcome close(std::uint32_t) override { return refusal(); }
+    Outcome step(Direction) override { return refusal(); }
+    Outcome post(const KeyEvent&) override { return refusal(); }
+
+    Outcome refusal() const { return Outcome::failure(reason_); }
+
+    QString reason_;
+};
+
+} // namespace brimlow::platform

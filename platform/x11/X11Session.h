@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/Session.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Input.h"
+#include "platform/x11/X11Windows.h"
+#include "platform/x11/X11Workspaces.h"
+
+#include <memory>
+
+namespace brimlow::platform {
+
+/// An X11 desktop with a window manager that keeps to the Extended Window Manager Hints.
+class X11Session : public Session {
+public:
+    /// Null and a reason where the server cannot be reached. An empty name takes $DISPLAY.
+    static std::unique_ptr<X11Session> connect(const QByteArray& displayName, QString& reason);
+
+    Windows& windows() override { return windows_; }
+    Workspaces& workspaces() override { return workspaces_; }
+    Input& input() override { return input_; }
+    Abilities abilities() override;
+
+    /// Becomes readable when the server has something for us or has gone; ask connectionLost() each
+    /// time, which also reads what came.
+    int connectionFd() const;
+    /// Once true it stays so, and every request fails.
+    bool connectionLost();
+
+private:
+    explicit X11Session(std::unique_ptr<X11Connection> connection);
+
+    std::unique_ptr<X11Connection> connection_;
+    X11Windows windows_;
+    X11Workspaces workspaces_;
+    X11Input input_;
+};
+
+} // namespace brimlow::platform

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/Session.h"
+#include "platform/x11/X11Connection.h"
+
+namespace brimlow::platform {
+
+struct X11WindowManager;
+
+class X11Windows : public Windows {
+public:
+    explicit X11Windows(X11Connection& connection) : connection_(connection) {}
+
+    std::optional<std::vector<Window>> list() override;
+    Outcome activate(std::uint32_t number) override;
+    Outcome raise(std::uint32_t number) override;
+    Outcome unhide(std::uint32_t number) override;
+    Outcome hide(std::uint32_t number) override;
+    Outcome close(std::uint32_t number) override;
+
+private:
+    Outcome check(std::uint32_t number);
+    Outcome goToWorkspaceOf(std::uint32_t number);
+
+    X11Connection& connection_;
+};
+
+} // namespace brimlow::platform
