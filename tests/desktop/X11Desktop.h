@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/x11/X11Session.h"
+#include "tools/desktop/PrivateDesktop.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace brimlow::desktop {
+
+using platform::Outcome;
+
+/// A desktop under one of the window managers, and our session on it.
+class X11Desktop : public testing::TestWithParam<WindowManager> {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(desktop.start()) << desktop.error().toStdString();
+        QString reason;
+        session = platform::X11Session::connect(desktop.displayName(), reason);
+        ASSERT_TRUE(session) << reason.toStdString();
+    }
+
+    std::uint32_t openTerminal(const QString& title) {
+        using namespace Qt::StringLiterals;
+        const auto number = desktop.openWindow(u"xterm"_s, {u"-T"_s, title});
+        EXPECT_NE(number, 0U) << desktop.error().toStdString();
+        return number;
+    }
+
+    /// The window as our session lists it; absent when it does not.
+    std::optional<platform::Window> listed(std::uint32_t number) {
+        const auto windows = session->windows().list();
+        if (!windows)
+            return std::nullopt;
+        const auto found = std::ranges::find(*windows, number, &platform::Window::number);
+        return found == windows->end() ? std::nullopt : std::optional(*found);
+    }
+
+    bool workspaceBecomes(int number) {
+        return desktop.waitFor(
+            [&](const DesktopState& now) { return now.currentWorkspace == number; });
+    }
+    bool becomesActive(std::uint32_t number) {
+        return desktop.waitFor([&](const DesktopState& now) { return now.activeWindow == number; });
+    }
+    bool becomes(std::uint32_t number, bool DesktopWindow::*property, bool value) {
+        return desktop.waitFor([&](const DesktopState& now) {
+            const auto* window = now.window(number);
+            return window && window->*property == value;
+        });
+    }
+    bool disappears(std::uint32_t number) {
+        return desktop.waitFor(
+            [&](const DesktopState& now) { return now.window(number) == nullptr; });
+    }
+
+    PrivateDesktop desktop{GetParam()};
+    std::unique_ptr<platform::X11Session> session;
+};
+
+inline std::string nameOf(const testing::TestParamInfo<WindowManager>& info) {
+    return info.param == WindowManager::openbox ? "openbox" : "xfwm4";
+}
+
+inline std::string why(const Outcome& outcome) {
+    return outcome.reason.toStdString();
+}
+
+} // namespace brimlow::desktop

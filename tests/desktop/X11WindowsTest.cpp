@@ -1,0 +1,169 @@
+#include "tests/desktop/X11Desktop.h"
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace brimlow::desktop {
+namespace {
+
+INSTANTIATE_TEST_SUITE_P(On, X11Desktop,
+                         testing::Values(WindowManager::openbox, WindowManager::xfwm4), nameOf);
+
+TEST_P(X11Desktop, ListsWindowsOfAllWorkspacesAsTheyAreStacked) {
+    EXPECT_EQ(session->windows().list()->size(), 0U);
+
+    const auto russian = openTerminal(u"Приёмка 日本 — café"_s);
+    const auto latin = openTerminal(u"100 % <b>é</b> \"q\""_s);
+    const auto calculator = desktop.openWindow(u"galculator"_s);
+    ASSERT_TRUE(
+        desktop.run(u"wmctrl"_s, {u"-i"_s, u"-r"_s, QString::number(latin), u"-t"_s, u"2"_s}));
+    ASSERT_TRUE(desktop.run(u"wmctrl"_s, {u"-i"_s, u"-a"_s, QString::number(russian)}));
+    ASSERT_TRUE(becomesActive(russian));
+    ASSERT_TRUE(
+        desktop.waitFor([&](const auto& now) { return now.window(latin)->workspace == 2; }));
+
+    const auto windows = session->windows().list();
+    ASSERT_TRUE(windows);
+    ASSERT_EQ(windows->size(), 3U);
+    EXPECT_EQ(windows->back().number, russian);
+    EXPECT_EQ(listed(russian)->title, u"Приёмка 日本 — café"_s);
+    EXPECT_EQ(listed(latin)->title, u"100 % <b>é</b> \"q\""_s);
+    EXPECT_EQ(listed(calculator)->title, u"galculator"_s);
+    EXPECT_EQ(listed(russian)->applicationId, u"XTerm"_s);
+    EXPECT_EQ(listed(russian)->workspace, 0);
+    EXPECT_EQ(listed(latin)->workspace, 2);
+    EXPECT_TRUE(listed(russian)->active);
+    EXPECT_FALSE(listed(latin)->active || listed(calculator)->active);
+    EXPECT_FALSE(listed(russian)->hidden);
+    const auto state = desktop.state();
+    for (const auto& witness : state->windows)
+        EXPECT_EQ(listed(witness.number)->ownerPid, witness.pid);
+}
+
+TEST_P(X11Desktop, StepsWorkspacesAndStopsAtTheEnds) {
+    auto& workspaces = session->workspaces();
+    using platform::Direction;
+    const struct {
+        Direction direction;
+        int expected;
+    } steps[] = {{Direction::left, 0},  {Direction::right, 1}, {Direction::right, 2},
+                 {Direction::right, 3}, {Direction::right, 3}, {Direction::left, 2}};
+    for (const auto& step : steps) {
+        const auto outcome = workspaces.step(step.direction);
+        EXPECT_TRUE(outcome) << why(outcome);
+        ASSERT_TRUE(workspaceBecomes(step.expected)) << step.expected;
+    }
+}
+
+TEST_P(X11Desktop, HidesAndActivatesAcrossWorkspaces) {
+    const auto here = openTerminal(u"here"_s);
+    ASSERT_TRUE(session->workspaces().step(platform::Direction::right));
+    ASSERT_TRUE(workspaceBecomes(1));
+    const auto there = openTerminal(u"there"_s);
+    ASSERT_TRUE(becomesActive(there));
+
+    auto& windows = session->windows();
+    EXPECT_TRUE(windows.hide(here)); // it is on another workspace
+    EXPECT_TRUE(windows.hide(there));
+    EXPECT_TRUE(becomes(here, &DesktopWindow::hidden, true));
+    EXPECT_TRUE(becomes(there, &DesktopWindow::hidden, true));
+    EXPECT_TRUE(listed(here)->hidden);
+
+    EXPECT_TRUE(windows.unhide(there));
+    EXPECT_TRUE(becomes(there, &DesktopWindow::hidden, false));
+    EXPECT_TRUE(workspaceBecomes(1));
+
+    EXPECT_TRUE(windows.activate(here));
+    EXPECT_TRUE(becomesActive(here));
+    EXPECT_TRUE(workspaceBecomes(0));
+    EXPECT_TRUE(becomes(here, &DesktopWindow::hidden, false));
+    EXPECT_EQ(listed(here)->workspace, 0);
+    EXPECT_EQ(listed(there)->workspace, 1);
+}
+
+TEST_P(X11Desktop, RaisesAWindowAboveItsNeighbour) {
+    const auto lower = openTerminal(u"lower"_s);
+    const auto upper = openTerminal(u"upper"_s);
+    ASSERT_TRUE(session->windows().raise(upper));
+    ASSERT_EQ(session->windows().list()->back().number, upper);
+    ASSERT_TRUE(session->windows().raise(lower));
+    EXPECT_TRUE(desktop.waitFor(
+        [&](const DesktopState&) { return session->windows().list()->back().number == lower; }));
+}
+
+TEST_P(X11Desktop, ClosesTheActiveWindowOnCommandW) {
+    const auto first = openTerminal(u"first"_s);
+    const auto second = openTerminal(u"second"_s);
+    const auto third = openTerminal(u"third"_s);
+    ASSERT_TRUE(session->windows().activate(second));
+    ASSERT_TRUE(becomesActive(second));
+
+    auto& input = session->input();
+    EXPECT_FALSE(input.post({.keyCode = 12, .down = true, .flags = 0x100000}));
+    EXPECT_FALSE(input.post({.keyCode = 13, .down = true, .flags = 0x120000}));
+    EXPECT_TRUE(input.post({.keyCode = 13, .down = false, .flags = 0x100000}));
+    EXPECT_EQ(desktop.state()->windows.size(), 3U);
+    EXPECT_TRUE(input.post({.keyCode = 13, .down = true, .flags = 0x100000}));
+    EXPECT_TRUE(disappears(second));
+
+    EXPECT_TRUE(session->windows().close(first));
+    EXPECT_TRUE(disappears(first));
+    EXPECT_EQ(desktop.state()->windows.size(), 1U);
+    EXPECT_TRUE(listed(third));
+}
+
+TEST_P(X11Desktop, RefusesWindowsThatHaveGone) {
+    const auto number = openTerminal(u"mayfly"_s);
+    ASSERT_EQ(::kill(listed(number)->ownerPid, SIGKILL), 0);
+    ASSERT_TRUE(disappears(number));
+    for (const auto request :
+         {&platform::Windows::activate, &platform::Windows::raise, &platform::Windows::unhide,
+          &platform::Windows::hide, &platform::Windows::close}) {
+        EXPECT_EQ((session->windows().*request)(number).reason,
+                  u"that window does not exist any more"_s);
+    }
+    EXPECT_FALSE(session->input().post({.keyCode = 13, .down = true, .flags = 0x100000}));
+}
+
+TEST_P(X11Desktop, SurvivesPropertiesOfTheWrongShape) {
+    const auto number = openTerminal(u"plain"_s);
+    const auto set = [&](const QString& property, const QString& format, const QString& value) {
+        EXPECT_TRUE(desktop.run(u"xprop"_s, {u"-id"_s, QString::number(number), u"-f"_s, property,
+                                             format, u"-set"_s, property, value}));
+    };
+    set(u"_NET_WM_NAME"_s, u"32c"_s, u"7"_s);
+    set(u"_NET_WM_PID"_s, u"8s"_s, u"x"_s);
+    set(u"_NET_WM_WINDOW_TYPE"_s, u"8s"_s, u"dock"_s);
+    set(u"WM_CLASS"_s, u"32c"_s, u"1"_s);
+    ASSERT_TRUE(listed(number));
+    EXPECT_EQ(listed(number)->title, u"plain"_s);
+    EXPECT_EQ(listed(number)->applicationId, QString());
+    EXPECT_TRUE(listed(number)->inTaskList);
+
+    set(u"_NET_WM_WINDOW_TYPE"_s, u"32a"_s, u"_NET_WM_WINDOW_TYPE_UTILITY"_s);
+    EXPECT_FALSE(listed(number)->inTaskList);
+    set(u"_NET_WM_WINDOW_TYPE"_s, u"32a"_s, u"_NET_WM_WINDOW_TYPE_DOCK"_s);
+    EXPECT_FALSE(listed(number));
+}
+
+TEST_P(X11Desktop, TellsWhatItCanDo) {
+    auto abilities = session->abilities();
+    EXPECT_EQ(abilities.sessionName,
+              GetParam() == WindowManager::openbox ? u"X11 (Openbox)"_s : u"X11 (Xfwm4)"_s);
+    EXPECT_TRUE(abilities.controlsWindows && abilities.readsTitles && abilities.switchesWorkspaces);
+    EXPECT_EQ(abilities.missing, QString());
+
+    // It leaves its properties on the root window behind.
+    desktop.stopWindowManager();
+    abilities = session->abilities();
+    EXPECT_FALSE(abilities.controlsWindows || abilities.switchesWorkspaces);
+    EXPECT_EQ(abilities.sessionName, u"X11"_s);
+    EXPECT_FALSE(abilities.missing.isEmpty());
+    EXPECT_FALSE(session->windows().list());
+    EXPECT_EQ(session->workspaces().step(platform::Direction::right).reason,
+              u"no window manager is running"_s);
+}
+
+} // namespace
+} // namespace brimlow::desktop
