@@ -29,6 +29,10 @@ public:
     /// object's life. Prints one line that says how it went. Call it once.
     void start();
 
+    /// One contact frame; delivered ones come here through the main queue. Linear in the number of
+    /// contacts, and allocates nothing once warm.
+    void processFingers(std::span<const MTFinger> fingers);
+
     /// Called for every detected tap, after lastTap was set.
     std::function<void(const TapInfo&)> onTap;
 
@@ -51,7 +55,6 @@ private:
                                              std::int32_t frame);
     static void processQueuedFrames();
 
-    void processFingers(std::span<const MTFinger> fingers);
     void touched(const MTFinger& finger, platform::Instant now);
     void ended(const MTFinger& finger, platform::Instant now);
 

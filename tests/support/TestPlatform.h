@@ -7,6 +7,7 @@
 #include "platform/simulated/SimulatedInputDevices.h"
 #include "platform/simulated/SimulatedSession.h"
 #include "platform/simulated/VirtualTime.h"
+#include "tests/support/Printing.h"
 
 #include <QStringList>
 #include <QTemporaryDir>
