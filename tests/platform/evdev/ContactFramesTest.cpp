@@ -1,0 +1,77 @@
+#include "platform/linux/evdev/ContactFrames.h"
+
+#include "PadEvents.h"
+#include "platform/linux/evdev/PadFeed.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace brimlow::platform {
+
+namespace {
+
+class TwoPads : public testing::Test {
+protected:
+    std::string framesAfter(std::optional<PadFeed>& pad, const std::string& words) {
+        text_.clear();
+        for (const input_event& event : eventsOf(words))
+            pad->feed(event);
+        return text_;
+    }
+    std::string framesAfterUnplugging(std::optional<PadFeed>& pad) {
+        text_.clear();
+        pad.reset();
+        return text_;
+    }
+
+    ContactIdentities identities_;
+    std::string text_;
+    std::int32_t lastFrame_ = 0;
+    ContactFrames frames_{[this](auto fingers, double timestamp, std::int32_t frame) {
+        text_ += (text_.empty() ? "" : " ") + textOf(fingers);
+        EXPECT_EQ(frame, ++lastFrame_);
+        for (const MTFinger& finger : fingers) {
+            EXPECT_EQ(finger.frame, frame);
+            EXPECT_EQ(finger.timestamp, timestamp);
+        }
+    }};
+    std::optional<PadFeed> left_{std::in_place, deviceDescription("synps2-t440"), identities_,
+                                 frames_};
+    std::optional<PadFeed> right_{std::in_place, deviceDescription("appletouch"), identities_,
+                                  frames_};
+};
+
+TEST_F(TwoPads, AnEmptyFrameFollowsTheLastLift) {
+    EXPECT_EQ(framesAfter(left_, "id1 . id-1 ."), "1:3 1:7 -");
+    EXPECT_EQ(framesAfter(left_, "id2 . s1 id3 . id-1 . s0 id-1 ."), "2:3 2:4+3:3 2:4+3:7 2:7 -");
+}
+
+TEST_F(TwoPads, EachFrameListsBoth) {
+    EXPECT_EQ(framesAfter(left_, "id1 ."), "1:3");
+    EXPECT_EQ(framesAfter(right_, "T1 F1 ."), "1:4+2:3");
+    EXPECT_EQ(framesAfter(left_, "x3000 ."), "1:4+2:4");
+    EXPECT_EQ(framesAfter(right_, "T0 F0 ."), "1:4+2:7");
+    EXPECT_EQ(framesAfter(left_, "id-1 ."), "1:7 -");
+}
+
+TEST_F(TwoPads, AHoveringFingerStaysAfterTheLastLift) {
+    EXPECT_EQ(framesAfter(right_, "F1 ."), "1:2");
+    EXPECT_EQ(framesAfter(left_, "id1 . id-1 ."), "2:3+1:2 2:7+1:2 1:2");
+}
+
+TEST_F(TwoPads, UnpluggingEndsThatPadsContactsWithoutALift) {
+    framesAfter(left_, "id1 . s1 id2 .");
+    framesAfter(right_, "T1 F1 .");
+    EXPECT_EQ(framesAfterUnplugging(left_), "3:4");
+    EXPECT_EQ(framesAfterUnplugging(right_), "-");
+}
+
+TEST_F(TwoPads, UnpluggingAnUntouchedPadIsSilent) {
+    framesAfter(left_, "id1 .");
+    EXPECT_EQ(framesAfterUnplugging(right_), "");
+}
+
+} // namespace
+
+} // namespace brimlow::platform
