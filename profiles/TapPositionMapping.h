@@ -17,8 +17,8 @@ namespace brimlow {
 /// A binding: recorded positions, and what a tap near them does. A plain value; nothing here keeps
 /// a number within limits.
 struct TapPositionMapping {
-    QUuid id;
-    QString name;
+    QUuid id = {};
+    QString name = {};
     TapAction action = TapAction::none;
     std::optional<QString> appName = {};     // for openApp and focusWindow
     std::optional<QString> windowTitle = {}; // for focusWindow
