@@ -52,14 +52,15 @@ QByteArray ChildProcess::readFirstLine(int milliseconds) {
     return process_.readLine().trimmed();
 }
 
-void ChildProcess::stop(int milliseconds) {
+bool ChildProcess::stop(int milliseconds) {
     if (process_.state() == QProcess::NotRunning)
-        return;
+        return true;
     process_.terminate();
-    if (!process_.waitForFinished(milliseconds)) {
-        process_.kill();
-        process_.waitForFinished();
-    }
+    if (process_.waitForFinished(milliseconds))
+        return true;
+    process_.kill();
+    process_.waitForFinished();
+    return false;
 }
 
 std::optional<QByteArray> outputOf(const QString& program, const QStringList& arguments,

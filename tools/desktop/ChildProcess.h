@@ -27,8 +27,8 @@ public:
     /// The first line on its standard output, without the line feed; empty when none came in time.
     QByteArray readFirstLine(int milliseconds);
 
-    /// SIGTERM, and SIGKILL to one that has not ended after `milliseconds`.
-    void stop(int milliseconds = 2000);
+    /// SIGTERM, and SIGKILL to one that has not ended after `milliseconds`; then false.
+    bool stop(int milliseconds = 2000);
 
     bool running() const { return process_.state() == QProcess::Running; }
     qint64 pid() const { return process_.processId(); }

@@ -1,0 +1,113 @@
+#include "tools/demo/Demonstration.h"
+
+#include <QDir>
+#include <QThread>
+
+#include <algorithm>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace brimlow::desktop {
+
+namespace {
+
+constexpr int patience = 10000;   // ms that a step may come late on a loaded machine
+constexpr int settleLimit = 3000; // ms for the window manager to follow
+
+void say(const QString& text) {
+    std::printf("%s\n", text.toUtf8().constData());
+    std::fflush(stdout);
+}
+
+} // namespace
+
+Demonstration::Demonstration(QString program, QString recording, QString pictureFolder)
+    : program_(std::move(program)), recording_(std::move(recording)),
+      pictureFolder_(std::move(pictureFolder)) {}
+
+QString Demonstration::prepare() {
+    if (!desktop_.start())
+        return desktop_.error();
+    for (const QString& application : {u"xterm"_s, u"mousepad"_s, u"galculator"_s}) {
+        window_ = desktop_.openWindow(application);
+        if (window_ == 0)
+            return desktop_.error();
+    }
+    QDir().mkpath(pictureFolder_);
+    writePreferences(desktop_.environment(), demoBindings());
+
+    auto environment = desktop_.environment();
+    environment.insert(u"BRIMLOW_TOUCH_DEVICE"_s, recording_);
+    brimlow_.emplace(program_, environment, DrivenBrimlow::Echo::yes);
+    if (const QString why = brimlow_->start(); !why.isEmpty())
+        return why;
+    sinceStart_.start();
+    if (brimlow_->waitForLine(u"tap detection ENABLED"_s, patience).isNull())
+        return u"the program does not come up"_s;
+    takePicture(u"0 start"_s);
+    return {};
+}
+
+std::vector<DemoResult> Demonstration::run() {
+    std::vector<DemoResult> results;
+    for (const DemoStep& step : demoSteps()) {
+        results.push_back(runStep(step));
+        takePicture(QString::number(results.size()) + u' ' + step.gesture);
+    }
+    return results;
+}
+
+DemoResult Demonstration::runStep(const DemoStep& step) {
+    focusApplication();
+    DemoResult result;
+    result.step = step;
+    result.before = applicationsState();
+    const qsizetype firstLine = brimlow_->lines().size();
+    const auto due = static_cast<int>(step.at * 1000) - static_cast<int>(sinceStart_.elapsed());
+    const int limit = std::max(due, 0) + patience;
+    result.logged = !brimlow_->waitForLine(step.logLine, limit).isNull();
+    // Nothing else may have been done on the way there.
+    const auto said = brimlow_->lines().sliced(firstLine);
+    result.logged = result.logged && std::ranges::none_of(said, [&](const QString& line) {
+                        return line.contains(u"matched '"_s) && !line.contains(step.logLine);
+                    });
+
+    desktop_.waitFor(
+        [&](const DesktopState&) {
+            result.after = applicationsState();
+            result.happened = step.happened(result.before, result.after);
+            return result.happened;
+        },
+        settleLimit);
+    return result;
+}
+
+// As a user would before going on, should the program's own window have come to the front.
+void Demonstration::focusApplication() {
+    const auto now = desktop_.state();
+    const auto* active = now ? now->window(now->activeWindow) : nullptr;
+    if (!active || active->pid != brimlow_->pid())
+        return;
+    desktop_.run(u"wmctrl"_s, {u"-i"_s, u"-a"_s, QString::number(window_)});
+    desktop_.waitFor([&](const DesktopState& state) { return state.activeWindow == window_; });
+}
+
+DesktopState Demonstration::applicationsState() const {
+    auto state = desktop_.state().value_or(DesktopState());
+    std::erase_if(state.windows,
+                  [&](const DesktopWindow& window) { return window.pid == brimlow_->pid(); });
+    return state;
+}
+
+void Demonstration::takePicture(const QString& name) {
+    const QString file = pictureFolder_ + u'/' + QString(name).replace(u' ', u'-') + u".png"_s;
+    say(desktop_.screenshot(file) ? u"  [picture: %1]"_s.arg(file)
+                                  : u"  [no picture: maim failed]"_s);
+}
+
+bool Demonstration::finish() {
+    return brimlow_ && brimlow_->stop();
+}
+
+} // namespace brimlow::desktop

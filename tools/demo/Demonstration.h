@@ -1,0 +1,50 @@
+#pragma once
+
+#include "tools/demo/DemoSteps.h"
+#include "tools/desktop/PrivateDesktop.h"
+#include "tools/driven/DrivenBrimlow.h"
+
+#include <QElapsedTimer>
+
+#include <optional>
+
+namespace brimlow::desktop {
+
+/// What the window manager said around one step.
+struct DemoResult {
+    DemoStep step;
+    DesktopState before;
+    DesktopState after;
+    bool logged = false;   // the program said that it did it
+    bool happened = false; // the window manager says that it is so
+};
+
+/// The program on a desktop of its own, with a recording for a trackpad.
+class Demonstration {
+public:
+    Demonstration(QString program, QString recording, QString pictureFolder);
+
+    /// Opens the desktop, two applications and the program; empty, or why that fails.
+    QString prepare();
+    /// Follows the recording to its end. Takes as long as the recording.
+    std::vector<DemoResult> run();
+    /// Whether the program ended when it was asked to.
+    bool finish();
+
+private:
+    DemoResult runStep(const DemoStep& step);
+    void focusApplication();
+    /// Without the program's own windows.
+    DesktopState applicationsState() const;
+    void takePicture(const QString& name);
+
+    PrivateDesktop desktop_{WindowManager::openbox};
+    QString program_;
+    QString recording_;
+    QString pictureFolder_;
+    std::optional<DrivenBrimlow> brimlow_;
+    std::uint32_t window_ = 0; // the one that the user is working in
+    QElapsedTimer sinceStart_;
+};
+
+} // namespace brimlow::desktop
