@@ -4,9 +4,10 @@
 #include "platform/linux/evdev/PadFeed.h"
 #include "platform/linux/evdev/StandardError.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
 #include <optional>
 #include <system_error>
 
@@ -14,10 +15,14 @@ namespace brimlow::platform {
 
 namespace {
 
-std::string canonical(const std::string& path) {
-    std::error_code error;
-    const auto result = std::filesystem::weakly_canonical(path, error);
-    return error ? path : result.string();
+/// Also through links, such as those of /dev/input/by-path.
+bool sameNode(const std::string& one, const std::string& other) {
+    struct stat first {};
+    struct stat second {};
+    return one == other
+           || (stat(one.c_str(), &first) == 0 && stat(other.c_str(), &second) == 0
+               && S_ISCHR(first.st_mode) && S_ISCHR(second.st_mode)
+               && first.st_rdev == second.st_rdev);
 }
 
 std::string reasonOf(int error) {
@@ -90,7 +95,7 @@ PointerDevices::PointerDevices(EventLoop& loop, ContactIdentities& identities,
                                ContactFrames& frames, ButtonHandler buttons,
                                std::string onlyTouchpad)
     : loop_(loop), identities_(identities), frames_(frames), buttons_(std::move(buttons)),
-      onlyTouchpad_(onlyTouchpad.empty() ? onlyTouchpad : canonical(onlyTouchpad)) {
+      onlyTouchpad_(std::move(onlyTouchpad)) {
     if (watch_.descriptor() >= 0)
         loop_.watch(watch_.descriptor(), [this](std::uint32_t) {
             watch_.receive([this](DeviceChange change, const PointerNode& pointer) {
@@ -123,7 +128,7 @@ void PointerDevices::changed(DeviceChange change, PointerNode pointer) {
         return;
     }
     if (!onlyTouchpad_.empty()) {
-        const bool named = canonical(pointer.node) == onlyTouchpad_;
+        const bool named = sameNode(pointer.node, onlyTouchpad_);
         pointer.kind = named ? PointerKind::touchpad : PointerKind::mouse;
     }
     if (!isOpen(pointer))
@@ -132,7 +137,8 @@ void PointerDevices::changed(DeviceChange change, PointerNode pointer) {
 
 bool PointerDevices::isOpen(const PointerNode& pointer) const {
     return std::any_of(devices_.begin(), devices_.end(), [&](const auto& entry) {
-        return entry.first == pointer.syspath || entry.second->pointer().node == pointer.node;
+        return entry.first == pointer.syspath
+               || sameNode(entry.second->pointer().node, pointer.node);
     });
 }
 

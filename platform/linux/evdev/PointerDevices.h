@@ -50,7 +50,7 @@ private:
     ContactIdentities& identities_;
     ContactFrames& frames_;
     ButtonHandler buttons_;
-    std::string onlyTouchpad_; // canonical
+    std::string onlyTouchpad_;
     DeviceWatch watch_;
     std::map<std::string, std::unique_ptr<Device>> devices_; // by syspath
     std::map<std::string, Refusal> refused_;                 // by syspath

@@ -1,0 +1,193 @@
+#include "Probe.h"
+#include "tests/support/MockedPad.h"
+#include "tools/recording/PadScript.h"
+#include "tools/recording/RecordingWriter.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
+namespace brimlow::platform {
+
+namespace {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+std::vector<input_event> press() {
+    std::vector<input_event> events(4);
+    events[0].type = events[2].type = EV_KEY;
+    events[0].code = events[2].code = BTN_LEFT;
+    events[0].value = 1;
+    return events;
+}
+
+class Reading : public testing::Test {
+protected:
+    Probe::Environment environment(const std::string& touchDevice = "") const {
+        Probe::Environment variables;
+        for (const auto& [name, value] : input_.environment())
+            variables[name] = value;
+        if (!touchDevice.empty())
+            variables["BRIMLOW_TOUCH_DEVICE"] = touchDevice;
+        return variables;
+    }
+
+    static void tap(MockedPad& pad) { pad.play(PadScript().tap({0.9, 0.4}, 0.02, 0.04).events()); }
+
+    static void expectTap(Probe& probe) {
+        const auto lines = probe.upTo("frame");
+        ASSERT_GE(lines.size(), 4U);
+        EXPECT_THAT(lines.front(), AllOf(StartsWith("frame "), HasSubstr(":3@0.90,0.40")));
+        EXPECT_THAT(lines[lines.size() - 2], HasSubstr(":7@0.90,0.40"));
+    }
+
+    MockedInput input_;
+};
+
+TEST_F(Reading, DeliversThePadsThatAreThereAndThoseThatCome) {
+    std::optional<MockedPad> first(std::in_place, input_, ordinaryTrackpad(), 5);
+    Probe probe(environment());
+    EXPECT_EQ(probe.next(), "device");
+    tap(*first);
+    expectTap(probe);
+    MockedPad second(input_, ordinaryTrackpad(), 6);
+    tap(second);
+    expectTap(probe);
+    first.reset();
+    EXPECT_EQ(probe.next(), "gone");
+    first.emplace(input_, ordinaryTrackpad(), 7);
+    tap(*first);
+    expectTap(probe);
+}
+
+TEST_F(Reading, APadThatIsUnpluggedTakesItsContactsAlong) {
+    std::optional<MockedPad> pad(std::in_place, input_, ordinaryTrackpad(), 5);
+    Probe probe(environment());
+    EXPECT_EQ(probe.next(), "device");
+    const auto events = PadScript().hold({0.5, 0.5}, 0, 0.05).events();
+    pad->play(std::span(events).first(13)); // up to the first frame's report
+    EXPECT_EQ(probe.next(), "frame 1:3@0.50,0.50");
+    pad.reset();
+    EXPECT_THAT(probe.upTo("gone"), ElementsAre("frame", "gone"));
+}
+
+TEST_F(Reading, HearsTheLeftButtonOfEveryPointer) {
+    MockedPad pad(input_, ordinaryTrackpad(), 5);
+    Probe probe(environment());
+    EXPECT_EQ(probe.next(), "device");
+    {
+        MockedPad mouse(input_, ordinaryMouse(), 6);
+        mouse.write(press());
+        EXPECT_EQ(probe.next(), "left");
+    }
+    EXPECT_EQ(probe.next(), "gone");
+    pad.play(PadScript().click({0.5, 0.5}, 0, 0.06).events());
+    const auto lines = probe.upTo("frame");
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "left"), 1);
+}
+
+TEST_F(Reading, StopsWithTheDeviceButKeepsTheButtons) {
+    MockedPad pad(input_, ordinaryTrackpad(), 5);
+    Probe probe(environment());
+    EXPECT_EQ(probe.next(), "device");
+    probe.ask("stop");
+    EXPECT_EQ(probe.next(), "asked");
+    pad.play(PadScript().click({0.5, 0.5}, 0, 0.06).events());
+    EXPECT_EQ(probe.next(), "left");
+    EXPECT_EQ(probe.next(0.2), "(silent)");
+}
+
+TEST_F(Reading, ReadsOnlyTheNamedNodeAsATrackpad) {
+    MockedPad other(input_, ordinaryTrackpad(), 5);
+    MockedPad named(input_, ordinaryTrackpad(), 6);
+    Probe probe(environment("/dev/input/event6"));
+    EXPECT_EQ(probe.next(), "device");
+    tap(other);
+    EXPECT_EQ(probe.next(0.2), "(silent)");
+    tap(named);
+    expectTap(probe);
+}
+
+TEST_F(Reading, ReportsWhatItMayNotReadOnceAndReadsItWhenItMay) {
+    MockedPad pad(input_, ordinaryTrackpad(), 5);
+    pad.setPermissions(0);
+    const bool root = geteuid() == 0;
+    Probe probe(environment(),
+                root ? std::vector<std::string>{"65534"} : std::vector<std::string>{});
+    EXPECT_EQ(probe.next(), "device");
+    for (int time = 0; time < 2; ++time) {
+        probe.ask();
+        EXPECT_THAT(probe.upTo("asked"), ElementsAre("unreadable /dev/input/event5", "asked"));
+        pad.announceChange();
+    }
+    pad.setPermissions(0666);
+    probe.ask();
+    EXPECT_EQ(probe.next(), "asked");
+    tap(pad);
+    expectTap(probe);
+    EXPECT_EQ(probe.finish(),
+              "Brimlow: cannot read the trackpad \"Brimlow Ordinary Touchpad\" "
+              "(/dev/input/event5): Permission denied; a udev rule that tags pointers with "
+              "\"uaccess\" (70-brimlow.rules) lets the user at the screen read them\n");
+}
+
+TEST_F(Reading, FindsNoDeviceWhereThereIsNoInput) {
+    Probe probe(environment());
+    EXPECT_EQ(probe.next(), "no device");
+    probe.ask();
+    EXPECT_EQ(probe.next(), "asked");
+    EXPECT_EQ(probe.finish(), "");
+}
+
+class Playing : public Reading {
+protected:
+    Playing() {
+        const PadScript script =
+            PadScript().tap({0.9, 0.4}, 0.2, 0.04).click({0.5, 0.5}, 0.6, 0.06);
+        std::ofstream(file_) << writeRecording({script.pad(), script.events()});
+    }
+    ~Playing() override { std::filesystem::remove(file_); }
+
+    const std::filesystem::path file_ =
+        std::filesystem::temp_directory_path()
+        / ("brimlow-playing-" + std::to_string(getpid()) + ".evemu");
+};
+
+TEST_F(Playing, KeepsTheRecordingsTimesAndThenIsSilent) {
+    MockedPad mouse(input_, ordinaryMouse(), 6);
+    Probe probe(environment(file_));
+    EXPECT_EQ(probe.next(), "device");
+    const auto started = std::chrono::steady_clock::now();
+    EXPECT_THAT(probe.next(), HasSubstr("1:3@0.90,0.40"));
+    const auto touched = std::chrono::steady_clock::now();
+    EXPECT_THAT(probe.upTo("left"), Contains("left"));
+    const auto pressed = std::chrono::steady_clock::now();
+    using Seconds = std::chrono::duration<double>;
+    EXPECT_NEAR(Seconds(touched - started).count(), 0.2, 0.1);
+    EXPECT_NEAR(Seconds(pressed - touched).count(), 0.424, 0.1);
+    EXPECT_EQ(probe.upTo("frame").back(), "frame");
+    mouse.write(press()); // nobody but the recording is heard
+    EXPECT_EQ(probe.next(0.2), "(silent)");
+}
+
+TEST_F(Playing, RefusesAMalformedRecordingInOneLine) {
+    std::ofstream(file_) << "N: Pad\nB: 03 03\nA: 00 5 1 0 0\n";
+    Probe probe(environment(file_));
+    EXPECT_EQ(probe.next(), "no device");
+    EXPECT_EQ(probe.finish(),
+              "Brimlow: " + file_.string() + ":3: the axis' minimum is above its maximum\n");
+}
+
+} // namespace
+
+} // namespace brimlow::platform

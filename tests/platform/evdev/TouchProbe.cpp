@@ -1,0 +1,92 @@
+// touch-probe: opens the framework's image as the program does, and prints what comes out of it.
+//
+//     touch-probe <image> [<user id>]
+//
+// One line each: "device" or "no device", then per frame "frame <id>:<state>@<x>,<y> ...", per
+// button notice "left", "lost" or "gone". A line on standard input asks for the unreadable
+// trackpads: "unreadable <node>" for each, then "asked". With a user id it becomes that user first.
+
+#include "platform/MultitouchSupport.h"
+#include "platform/linux/evdev/InputReader.h"
+
+#include <dlfcn.h>
+#include <grp.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+using namespace brimlow::platform;
+
+namespace {
+
+void say(std::string line) {
+    line += '\n';
+    [[maybe_unused]] const auto size = write(STDOUT_FILENO, line.data(), line.size());
+}
+
+std::int32_t frame(std::int32_t, const MTFinger* fingers, std::int32_t count, double,
+                   std::int32_t) {
+    std::string line = "frame";
+    for (std::int32_t index = 0; index < count; ++index) {
+        const MTFinger& finger = fingers[index];
+        char text[64];
+        std::snprintf(text, sizeof text, " %d:%d@%.2f,%.2f", finger.identifier, finger.state,
+                      static_cast<double>(finger.normalized.pos.x),
+                      static_cast<double>(finger.normalized.pos.y));
+        line += text;
+    }
+    say(line);
+    return 0;
+}
+
+template<typename Function>
+Function symbol(void* image, const char* name) {
+    auto* found = dlsym(image, name);
+    if (!found) {
+        say(dlerror());
+        std::exit(1);
+    }
+    return reinterpret_cast<Function>(found);
+}
+
+bool becomeUser(const char* id) {
+    const auto user = static_cast<uid_t>(std::strtoul(id, nullptr, 10));
+    return setgroups(0, nullptr) == 0 && setgid(user) == 0 && setuid(user) == 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    void* image = argc > 1 ? dlopen(argv[1], RTLD_NOW) : nullptr;
+    if (!image || (argc > 2 && !becomeUser(argv[2])))
+        return 1;
+    const auto create = symbol<MTDeviceCreateDefaultFunction>(image, "MTDeviceCreateDefault");
+    const auto attach =
+        symbol<MTRegisterContactFrameCallbackFunction>(image, "MTRegisterContactFrameCallback");
+    const auto start = symbol<MTDeviceStartFunction>(image, "MTDeviceStart");
+    const auto stop = symbol<MTDeviceStopFunction>(image, "MTDeviceStop");
+
+    InputReader& reader = InputReader::shared(); // the image's own, too
+    const auto listener = reader.addButtonListener([](ButtonEvent event) {
+        say(event == ButtonEvent::leftMouseDown ? "left"
+            : event == ButtonEvent::eventsLost  ? "lost"
+                                                : "gone");
+    });
+    MTDeviceRef device = create();
+    attach(device, frame);
+    start(device, 0);
+    say(device ? "device" : "no device");
+    for (std::string line; std::getline(std::cin, line);) {
+        if (line == "stop")
+            stop(device);
+        for (const UnreadableNode& node : reader.retryUnreadable())
+            say("unreadable " + node.node);
+        say("asked");
+    }
+    stop(device);
+    reader.removeButtonListener(listener);
+    return 0;
+}
