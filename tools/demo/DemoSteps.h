@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tools/desktop/DesktopState.h"
-#include "tools/driven/ScratchPreferences.h"
+#include "tools/desktop/ScratchPreferences.h"
 
 #include <vector>
 

@@ -39,11 +39,12 @@ QString Demonstration::prepare() {
 
     auto environment = desktop_.environment();
     environment.insert(u"BRIMLOW_TOUCH_DEVICE"_s, recording_);
-    brimlow_.emplace(program_, environment, DrivenBrimlow::Echo::yes);
+    brimlow_.emplace(environment, program_);
+    brimlow_->onLine = [](const QString& line) { say(u"  "_s + line); };
     if (const QString why = brimlow_->start(); !why.isEmpty())
         return why;
     sinceStart_.start();
-    if (brimlow_->waitForLine(u"tap detection ENABLED"_s, patience).isNull())
+    if (brimlow_->waitForLine(u"tap detection ENABLED"_s, patience).isEmpty())
         return u"the program does not come up"_s;
     takePicture(u"0 start"_s);
     return {};
@@ -66,7 +67,7 @@ DemoResult Demonstration::runStep(const DemoStep& step) {
     const qsizetype firstLine = brimlow_->lines().size();
     const auto due = static_cast<int>(step.at * 1000) - static_cast<int>(sinceStart_.elapsed());
     const int limit = std::max(due, 0) + patience;
-    result.logged = !brimlow_->waitForLine(step.logLine, limit).isNull();
+    result.logged = !brimlow_->waitForLine(step.logLine, limit).isEmpty();
     // Nothing else may have been done on the way there.
     const auto said = brimlow_->lines().sliced(firstLine);
     result.logged = result.logged && std::ranges::none_of(said, [&](const QString& line) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "tools/demo/DemoSteps.h"
+#include "tools/desktop/BrimlowProgram.h"
 #include "tools/desktop/PrivateDesktop.h"
-#include "tools/driven/DrivenBrimlow.h"
 
 #include <QElapsedTimer>
 
@@ -42,7 +42,7 @@ private:
     QString program_;
     QString recording_;
     QString pictureFolder_;
-    std::optional<DrivenBrimlow> brimlow_;
+    std::optional<BrimlowProgram> brimlow_;
     std::uint32_t window_ = 0; // the one that the user is working in
     QElapsedTimer sinceStart_;
 };

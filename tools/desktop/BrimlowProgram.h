@@ -17,7 +17,8 @@ public:
 
     /// Empty when it runs, else why it does not.
     QString start() { return process_.start(); }
-    void stop() { process_.stop(); }
+    /// SIGTERM. False when it had to be killed.
+    bool stop() { return process_.stop(); }
     qint64 pid() const { return process_.pid(); }
 
     /// Reads on until a line contains `text`; lines that were read before do not count. An empty

@@ -30,6 +30,7 @@ QProcessEnvironment bareEnvironment() {
             bare.insert(name, own.value(name));
     }
     bare.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+    bare.insert(u"SHELL"_s, u"/bin/sh"_s);
     bare.insert(u"XDG_SESSION_TYPE"_s, u"x11"_s);
     bare.insert(u"GDK_BACKEND"_s, u"x11"_s);
     bare.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);

@@ -1,4 +1,4 @@
-#include "tools/driven/ScratchPreferences.h"
+#include "tools/desktop/ScratchPreferences.h"
 
 #include "platform/NSUserDefaults.h"
 #include "platform/Streams.h"
