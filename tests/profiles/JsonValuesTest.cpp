@@ -28,8 +28,7 @@ TEST(JsonValues, AnIdIsExactlyItsCanonicalForm) {
         {"'01234567-89ab-cdef-0123-456789abcdeg'", nullptr},
         {"'0123456789ab-cdef-0123-4567-89abcdef'", nullptr},
         {"''", nullptr},
-        {"7", nullptr},
-    };
+        {"7", nullptr}};
     for (const Row& row : rows) {
         const auto id = json::uuid(quoted(row.text));
         ASSERT_EQ(id.has_value(), row.written != nullptr) << row.text;
@@ -44,20 +43,18 @@ TEST(JsonValues, WindowNumbersAreWholeAndHave32Bits) {
         const char* text;
         std::optional<std::uint32_t> number;
     };
-    const Row rows[] = {
-        {"0", 0U},
-        {"1.0", 1U},
-        {"1.5", {}},
-        {"-1", {}},
-        {"2147483648", 0x80000000U},
-        {"4294967295", 0xffffffffU},
-        {"4294967296", {}},
-        {"4.294967295e9", 0xffffffffU},
-        {"1e300", {}},
-        {"true", {}},
-        {"'1'", {}},
-        {"null", {}},
-    };
+    const Row rows[] = {{"0", 0U},
+                        {"1.0", 1U},
+                        {"1.5", {}},
+                        {"-1", {}},
+                        {"2147483648", 0x80000000U},
+                        {"4294967295", 0xffffffffU},
+                        {"4294967296", {}},
+                        {"4.294967295e9", 0xffffffffU},
+                        {"1e300", {}},
+                        {"true", {}},
+                        {"'1'", {}},
+                        {"null", {}}};
     for (const Row& row : rows)
         EXPECT_EQ(json::unsigned32(quoted(row.text)), row.number) << row.text;
 }
@@ -70,23 +67,21 @@ TEST(JsonValues, DatesFollowTheDocument) {
     };
     constexpr auto seconds = DateStrategy::secondsSince2001;
     constexpr auto iso = DateStrategy::iso8601;
-    const Row rows[] = {
-        {"0", seconds, 978307200},
-        {"-978307200.25", seconds, -0.25},
-        {"'2001-01-01T00:00:00Z'", seconds, {}},
-        {"true", seconds, {}},
-        {"'2001-01-01T00:00:00Z'", iso, 978307200},
-        {"'2001-01-01T01:30:00+01:30'", iso, 978307200},
-        {"'2000-12-31T23:00:00-01:00'", iso, 978307200},
-        {"'2001-01-01T00:00:00.5Z'", iso, {}},
-        {"'2001-01-01T00:00:00'", iso, {}},
-        {"'2001-01-01'", iso, {}},
-        {"'2001-01-01 00:00:00Z'", iso, {}},
-        {"'2001-02-29T00:00:00Z'", iso, {}},
-        {"'2001-01-01T24:00:00Z'", iso, {}},
-        {"'2001-01-01T00:00:00Z\\n'", iso, {}},
-        {"0", iso, {}},
-    };
+    const Row rows[] = {{"0", seconds, 978307200},
+                        {"-978307200.25", seconds, -0.25},
+                        {"'2001-01-01T00:00:00Z'", seconds, {}},
+                        {"true", seconds, {}},
+                        {"'2001-01-01T00:00:00Z'", iso, 978307200},
+                        {"'2001-01-01T01:30:00+01:30'", iso, 978307200},
+                        {"'2000-12-31T23:00:00-01:00'", iso, 978307200},
+                        {"'2001-01-01T00:00:00.5Z'", iso, {}},
+                        {"'2001-01-01T00:00:00'", iso, {}},
+                        {"'2001-01-01'", iso, {}},
+                        {"'2001-01-01 00:00:00Z'", iso, {}},
+                        {"'2001-02-29T00:00:00Z'", iso, {}},
+                        {"'2001-01-01T24:00:00Z'", iso, {}},
+                        {"'2001-01-01T00:00:00Z\\n'", iso, {}},
+                        {"0", iso, {}}};
     for (const Row& row : rows) {
         const auto date = json::date(quoted(row.text), row.strategy);
         ASSERT_EQ(date.has_value(), row.secondsSince1970.has_value()) << row.text;

@@ -30,20 +30,21 @@ namespace {
     }
 }
 
-/// Lets a process save for a while and kills it. Returns the last number that it told.
-int lastAcknowledged(const QString& path, std::chrono::microseconds lifetime) {
+/// Lets a process save once and for `moment` more, and kills it. Returns the last number it told.
+int lastAcknowledged(const QString& path, std::chrono::microseconds moment) {
     int ends[2];
     EXPECT_EQ(pipe(ends), 0);
     const pid_t child = fork();
     if (child == 0)
         saveUntilKilled(path, ends[1]);
     close(ends[1]);
-    std::this_thread::sleep_for(lifetime);
+    int last = 0;
+    EXPECT_EQ(read(ends[0], &last, sizeof last), sizeof last);
+    std::this_thread::sleep_for(moment);
     kill(child, SIGKILL);
     int status = 0;
     waitpid(child, &status, 0);
     EXPECT_TRUE(WIFSIGNALED(status)) << "the saver gave up by itself";
-    int last = 0;
     while (read(ends[0], &last, sizeof last) == sizeof last) {
     }
     close(ends[0]);
@@ -56,7 +57,7 @@ TEST(KilledWhileSaving, TheFileIsWholeAndNoOlderThanTheLastSave) {
     const test::TestPlatform world;
     const QString path = world.defaults.path();
     std::mt19937 random(20260102);
-    std::uniform_int_distribution<int> microseconds(0, 15'000);
+    std::uniform_int_distribution<int> microseconds(0, 5'000);
     int saved = 0;
     for (int round = 0; round < 200; ++round) {
         const int told = lastAcknowledged(path, std::chrono::microseconds(microseconds(random)));
@@ -71,7 +72,6 @@ TEST(KilledWhileSaving, TheFileIsWholeAndNoOlderThanTheLastSave) {
         ASSERT_EQ(store.activeProfile()->bindings.size(), 10U);
         saved = found;
     }
-    EXPECT_GT(saved, 200) << "hardly any round came to saving";
 }
 
 } // namespace brimlow

@@ -106,9 +106,9 @@ TEST_F(Recorder, CancelAndResetLeaveItIdle) {
 }
 
 TEST_F(Recorder, ATickOnItsWayFindsNothingToDo) {
-    // Queued ahead of the timer's firing, so it runs between that and the tick it hands over.
-    world.time.after(1.0, [this] { recorder.cancel(); });
     recorder.start(1);
+    // Queued behind the timer's firing, so it runs between that and the tick it hands over.
+    world.time.after(1.0, [this] { recorder.cancel(); });
     world.time.advance(1.0);
     EXPECT_EQ(state(), "0 s 0/1");
 

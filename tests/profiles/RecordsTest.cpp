@@ -50,37 +50,33 @@ TEST(Records, StrictMembersFailTheRecordAndLenientOnesDoNot) {
     const test::TestPlatform world;
     const auto plain = decoded(required);
     ASSERT_TRUE(plain);
-    const char* const failing[] = {
-        "'appName':3",
-        "'windowTitle':[]",
-        "'targetWindowID':1.5",
-        "'targetWindowID':-1",
-        "'targetWindowID':'1'",
-        "'targetWindowID':true",
-        "'lastRecordedAt':'2001-01-01T00:00:00Z'",
-        "'lastRecordedAt':false",
-    };
+    const char* const failing[] = {"'appName':3",
+                                   "'windowTitle':[]",
+                                   "'targetWindowID':1.5",
+                                   "'targetWindowID':-1",
+                                   "'targetWindowID':'1'",
+                                   "'targetWindowID':true",
+                                   "'lastRecordedAt':'2001-01-01T00:00:00Z'",
+                                   "'lastRecordedAt':false"};
     for (const char* member : failing)
         EXPECT_FALSE(decoded(required + ',' + member)) << member;
-    const char* const likeAbsent[] = {
-        "'appName':null",
-        "'windowTitle':null",
-        "'targetWindowID':null",
-        "'samples':'x'",
-        "'lastRecordedAt':null",
-        "'samples':[{'x':0.1,'y':0.2},{'x':0.1}]",
-        "'samples':null",
-        "'samples':[{'x':true,'y':0}]",
-        "'matchTolerance':'2'",
-        "'matchTolerance':true",
-        "'explicitMatchRadius':null",
-        "'explicitMatchRadius':'0.1'",
-        "'minimumPressure':[]",
-        "'requireClick':1",
-        "'requireClick':null",
-        "'clickForce':{}",
-        "'unheardOf':1",
-    };
+    const char* const likeAbsent[] = {"'appName':null",
+                                      "'windowTitle':null",
+                                      "'targetWindowID':null",
+                                      "'samples':'x'",
+                                      "'lastRecordedAt':null",
+                                      "'samples':[{'x':0.1,'y':0.2},{'x':0.1}]",
+                                      "'samples':null",
+                                      "'samples':[{'x':true,'y':0}]",
+                                      "'matchTolerance':'2'",
+                                      "'matchTolerance':true",
+                                      "'explicitMatchRadius':null",
+                                      "'explicitMatchRadius':'0.1'",
+                                      "'minimumPressure':[]",
+                                      "'requireClick':1",
+                                      "'requireClick':null",
+                                      "'clickForce':{}",
+                                      "'unheardOf':1"};
     for (const char* member : likeAbsent)
         EXPECT_EQ(decoded(required + ',' + member), plain) << member;
 }

@@ -163,19 +163,6 @@ TEST_F(Store, EachChangeIsAnnouncedAndWrittenOnce) {
     }
 }
 
-TEST_F(Store, WithoutAnActiveProfileBindingsStayAsTheyAre) {
-    auto store = open();
-    store.activeProfileId = QUuid::createUuid();
-    EXPECT_EQ(writes([&] {
-                  store.add({});
-                  store.update({});
-                  store.remove(QUuid());
-                  store.resetToDefaultLayout(3);
-                  store.clearAllBindings();
-              }),
-              0);
-}
-
 TEST_F(Store, BindingsAreEditedInPlace) {
     auto store = open();
     store.resetToDefaultLayout(3);
