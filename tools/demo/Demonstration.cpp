@@ -55,6 +55,8 @@ std::vector<DemoResult> Demonstration::run() {
     for (const DemoStep& step : demoSteps()) {
         results.push_back(runStep(step));
         takePicture(QString::number(results.size()) + u' ' + step.gesture);
+        if (brimlow_->pid() == 0)
+            break; // it has ended, and nothing more will come of it
     }
     return results;
 }

@@ -26,7 +26,7 @@ public:
 
     /// Opens the desktop, two applications and the program; empty, or why that fails.
     QString prepare();
-    /// Follows the recording to its end. Takes as long as the recording.
+    /// Follows the recording to its end, or to the program's. Takes as long as the recording.
     std::vector<DemoResult> run();
     /// Whether the program ended when it was asked to.
     bool finish();

@@ -17,8 +17,8 @@ QString besideThisProgram() {
 
 } // namespace
 
-BrimlowProgram::BrimlowProgram(QProcessEnvironment environment, const QString& program)
-    : process_(program.isEmpty() ? besideThisProgram() : program, {}, std::move(environment)) {
+BrimlowProgram::BrimlowProgram(const QProcessEnvironment& environment, const QString& program)
+    : process_(program.isEmpty() ? besideThisProgram() : program, {}, environment) {
     process_.process().setProcessChannelMode(QProcess::MergedChannels);
 }
 

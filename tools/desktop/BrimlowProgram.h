@@ -10,7 +10,7 @@ namespace brimlow::desktop {
 class BrimlowProgram {
 public:
     /// `program`: the built program; by default the one beside the running executable.
-    explicit BrimlowProgram(QProcessEnvironment environment, const QString& program = {});
+    explicit BrimlowProgram(const QProcessEnvironment& environment, const QString& program = {});
 
     /// Called with each line as it is read.
     std::function<void(const QString&)> onLine;

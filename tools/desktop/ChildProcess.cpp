@@ -11,10 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace brimlow::desktop {
 
-ChildProcess::ChildProcess(QString program, QStringList arguments,
-                           QProcessEnvironment environment) {
-    process_.setProgram(std::move(program));
-    process_.setArguments(std::move(arguments));
+ChildProcess::ChildProcess(const QString& program, const QStringList& arguments,
+                           const QProcessEnvironment& environment) {
+    process_.setProgram(program);
+    process_.setArguments(arguments);
     process_.setProcessEnvironment(environment);
     process_.setStandardInputFile(QProcess::nullDevice());
     process_.setChildProcessModifier([parent = getpid()] {

@@ -12,7 +12,8 @@ namespace brimlow::desktop {
 /// destroyed, and by the kernel when the thread that started it ends first.
 class ChildProcess {
 public:
-    ChildProcess(QString program, QStringList arguments, QProcessEnvironment environment);
+    ChildProcess(const QString& program, const QStringList& arguments,
+                 const QProcessEnvironment& environment);
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
