@@ -31,7 +31,7 @@ void decodeFiveContacts(benchmark::State& state) {
     const auto events = fiveFingersMoving();
     ContactIdentities identities;
     TouchDecoder decoder(ordinaryTrackpad(), identities);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         for (const input_event& event : events)
             benchmark::DoNotOptimize(decoder.feed(event));
     }
@@ -45,7 +45,7 @@ void deliverFiveContacts(benchmark::State& state) {
         benchmark::DoNotOptimize(fingers.data());
     });
     PadFeed feed(ordinaryTrackpad(), identities, frames);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         for (const input_event& event : events)
             feed.feed(event);
     }

@@ -188,7 +188,7 @@ MockedPad::~MockedPad() {
 void MockedPad::plug() {
     std::string text = "P: " + devpath_ + "\nN: input/event" + number_ + "\n";
     for (const auto& [key, value] : properties_)
-        text += "E: " + key + "=" + value + "\n";
+        text.append("E: ").append(key).append("=").append(value) += '\n';
     text += "A: dev=13:" + properties_["MINOR"] + "\nL: device=../../input" + number_
             + "\n\nP: " + devpath_.substr(0, devpath_.rfind('/'))
             + "\nE: SUBSYSTEM=input\nA: name=" + ioctls_->description.name + "\n";

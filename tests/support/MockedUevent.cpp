@@ -35,7 +35,7 @@ void sendUevent(const std::filesystem::path& mockedRoot, const std::string& acti
     properties["SEQNUM"] = std::to_string(++sequence);
     std::string text;
     for (const auto& [key, value] : properties)
-        text += key + "=" + value + '\0';
+        text.append(key).append("=").append(value) += '\0';
     MonitorHeader header;
     header.propertiesSize = static_cast<std::uint32_t>(text.size());
     const std::string message =

@@ -1,20 +1,22 @@
 #include "tools/recording/RecordingWriter.h"
 
 #include <array>
-#include <cstdarg>
 #include <cstdio>
 
 namespace brimlow::platform {
 
 namespace {
 
-__attribute__((format(printf, 1, 2))) std::string format(const char* pattern, ...) {
-    std::array<char, 128> line{};
-    va_list arguments;
-    va_start(arguments, pattern);
-    std::vsnprintf(line.data(), line.size(), pattern, arguments);
-    va_end(arguments);
-    return line.data();
+std::string hex(unsigned value, int digits) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "%0*x", digits, value);
+    return text.data();
+}
+
+std::string decimal(long value, int digits) {
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%0*ld", digits, value);
+    return text.data();
 }
 
 template<std::size_t size>
@@ -27,7 +29,7 @@ std::string bits(const std::string& prefix, const std::bitset<size>& set) {
             unsigned value = 0;
             for (std::size_t bit = byte; bit < byte + 8 && bit < size; ++bit)
                 value |= set[bit] ? 1U << (bit - byte) : 0U;
-            text += format(" %02x", value);
+            text += ' ' + hex(value, 2);
         }
         text += '\n';
     }
@@ -36,34 +38,35 @@ std::string bits(const std::string& prefix, const std::bitset<size>& set) {
 
 } // namespace
 
-std::string writeDescription(const TrackpadDescription& pad) {
+std::string writeDescription(const TrackpadDescription& description) {
     std::bitset<ABS_CNT> axes;
     std::string ranges;
     for (unsigned axis = 0; axis < ABS_CNT; ++axis) {
-        const auto& range = pad.axes[axis];
+        const auto& range = description.axes[axis];
         axes[axis] = range.has_value();
         if (range)
-            ranges += format("A: %02x %d %d 0 0 %d\n", axis, range->minimum, range->maximum,
-                             range->resolution);
+            ranges += "A: " + hex(axis, 2) + ' ' + std::to_string(range->minimum) + ' '
+                      + std::to_string(range->maximum) + " 0 0 " + std::to_string(range->resolution)
+                      + '\n';
     }
     std::bitset<EV_CNT> types;
     types[EV_SYN] = true;
-    types[EV_KEY] = pad.keys.any();
-    types[EV_REL] = pad.relatives.any();
+    types[EV_KEY] = description.keys.any();
+    types[EV_REL] = description.relatives.any();
     types[EV_ABS] = axes.any();
-    return "# EVEMU 1.3\nN: " + pad.name + "\n"
-           + format("I: %04x %04x %04x %04x\n", unsigned{pad.bus}, unsigned{pad.vendor},
-                    unsigned{pad.product}, unsigned{pad.version})
-           + bits("P:", pad.properties) + bits("B: 00", types) + bits("B: 01", pad.keys)
-           + bits("B: 02", pad.relatives) + bits("B: 03", axes) + ranges;
+    return "# EVEMU 1.3\nN: " + description.name + "\nI: " + hex(description.bus, 4) + ' '
+           + hex(description.vendor, 4) + ' ' + hex(description.product, 4) + ' '
+           + hex(description.version, 4) + '\n' + bits("P:", description.properties)
+           + bits("B: 00", types) + bits("B: 01", description.keys)
+           + bits("B: 02", description.relatives) + bits("B: 03", axes) + ranges;
 }
 
 std::string writeRecording(const Recording& recording) {
     std::string text = writeDescription(recording.description);
     for (const input_event& event : recording.events)
-        text += format("E: %ld.%06ld %04x %04x %04d\n", static_cast<long>(event.input_event_sec),
-                       static_cast<long>(event.input_event_usec), unsigned{event.type},
-                       unsigned{event.code}, event.value);
+        text += "E: " + std::to_string(event.input_event_sec) + '.'
+                + decimal(event.input_event_usec, 6) + ' ' + hex(event.type, 4) + ' '
+                + hex(event.code, 4) + ' ' + decimal(event.value, 4) + '\n';
     return text;
 }
 

@@ -16,6 +16,11 @@ bool touches(const MTFinger& finger) {
 
 } // namespace
 
+std::vector<ContactFrames::Pad>::iterator ContactFrames::find(PadId pad) {
+    return std::find_if(pads_.begin(), pads_.end(),
+                        [&](const Pad& each) { return each.id == pad; });
+}
+
 ContactFrames::PadId ContactFrames::addPad(std::size_t maximumContacts) {
     std::size_t most = maximumContacts;
     for (const Pad& pad : pads_)
@@ -26,33 +31,31 @@ ContactFrames::PadId ContactFrames::addPad(std::size_t maximumContacts) {
     return lastId_;
 }
 
-void ContactFrames::update(PadId id, std::span<const MTFinger> contacts, double timestamp) {
-    post(id, contacts, timestamp);
+void ContactFrames::update(PadId pad, std::span<const MTFinger> contacts, double timestamp) {
+    post(pad, contacts, timestamp);
     const bool anyLifted = std::any_of(contacts.begin(), contacts.end(), lifted);
     const bool anyTouching = std::any_of(merged_.begin(), merged_.end(), touches);
-    const auto pad =
-        std::find_if(pads_.begin(), pads_.end(), [&](const Pad& each) { return each.id == id; });
-    if (pad == pads_.end())
+    const auto found = find(pad);
+    if (found == pads_.end())
         return;
-    pad->contacts.clear();
+    found->contacts.clear();
     for (const MTFinger& finger : contacts) {
         if (lifted(finger))
             continue;
-        pad->contacts.push_back(finger);
+        found->contacts.push_back(finger);
         if (finger.state == MTContactBegan)
-            pad->contacts.back().state = MTContactTouching;
+            found->contacts.back().state = MTContactTouching;
     }
     if (anyLifted && !anyTouching)
         post(0, {}, timestamp);
 }
 
-void ContactFrames::removePad(PadId id, double timestamp) {
-    const auto pad =
-        std::find_if(pads_.begin(), pads_.end(), [&](const Pad& each) { return each.id == id; });
-    if (pad == pads_.end())
+void ContactFrames::removePad(PadId pad, double timestamp) {
+    const auto found = find(pad);
+    if (found == pads_.end())
         return;
-    const bool hadContacts = !pad->contacts.empty();
-    pads_.erase(pad);
+    const bool hadContacts = !found->contacts.empty();
+    pads_.erase(found);
     if (hadContacts)
         post(0, {}, timestamp);
 }

@@ -35,6 +35,7 @@ private:
         std::vector<MTFinger> contacts; // what goes on after its last frame
     };
 
+    std::vector<Pad>::iterator find(PadId pad);
     void post(PadId updated, std::span<const MTFinger> contacts, double timestamp);
 
     Sink sink_;

@@ -4,7 +4,9 @@
 #include <libevdev/libevdev.h>
 #include <sys/ioctl.h>
 
+#include <array>
 #include <cerrno>
+#include <cstdarg>
 #include <ctime>
 
 namespace brimlow::platform {

@@ -17,13 +17,11 @@ namespace brimlow::platform {
 /// What comes out of an event node.
 class EventNodeListener {
 public:
+    virtual ~EventNodeListener() = default;
     virtual void event(const input_event& event) = 0;
     /// The kernel dropped events. Those up to recovered() tell how things stand now.
     virtual void eventsLost() = 0;
     virtual void recovered() = 0;
-
-protected:
-    ~EventNodeListener() = default;
 };
 
 /// One open /dev/input/event*. It is read, never grabbed and never written to.

@@ -42,7 +42,7 @@ public:
             node_->askForLeftButtonOnly();
         owner_.loop_.watch(node_->descriptor(), [this](std::uint32_t) { readable(); });
     }
-    ~Device() { owner_.loop_.unwatch(node_->descriptor()); }
+    ~Device() override { owner_.loop_.unwatch(node_->descriptor()); }
 
     const PointerNode& pointer() const { return pointer_; }
 

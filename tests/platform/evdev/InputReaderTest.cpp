@@ -156,7 +156,7 @@ protected:
             PadScript().tap({0.9, 0.4}, 0.2, 0.04).click({0.5, 0.5}, 0.6, 0.06);
         std::ofstream(file_) << writeRecording({script.pad(), script.events()});
     }
-    ~Playing() override { std::filesystem::remove(file_); }
+    void TearDown() override { std::filesystem::remove(file_); }
 
     const std::filesystem::path file_ =
         std::filesystem::temp_directory_path()

@@ -53,9 +53,9 @@ TrackpadDescription deviceDescription(const std::string& name) {
     return std::get<TrackpadDescription>(result);
 }
 
-std::vector<input_event> eventsOf(const std::string& line) {
+std::vector<input_event> eventsOf(const std::string& text) {
     std::vector<input_event> events;
-    std::istringstream stream(line);
+    std::istringstream stream(text);
     double time = 1;
     for (std::string word; stream >> word;) {
         const auto digits = std::min(word.find_first_of("-0123456789"), word.size());
@@ -70,13 +70,13 @@ std::vector<input_event> eventsOf(const std::string& line) {
     return events;
 }
 
-std::string framesOf(TouchDecoder& decoder, const std::string& line) {
+std::string framesOf(TouchDecoder& decoder, const std::string& text) {
     std::string frames;
     const auto note = [&](bool changed) {
         if (changed)
             frames += (frames.empty() ? "" : " ") + textOf(decoder.contacts());
     };
-    std::istringstream stream(line);
+    std::istringstream stream(text);
     for (std::string word; stream >> word;) {
         if (word == "[")
             note(decoder.beginResync());

@@ -17,10 +17,12 @@ Probe::Probe(const Environment& environment, const std::vector<std::string>& arg
     std::vector<std::string> words{BRIMLOW_TOUCH_PROBE, BRIMLOW_TOUCH_IMAGE};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<std::string> variables;
+    variables.reserve(environment.size());
     for (const auto& [name, value] : environment)
-        variables.push_back(name + "=" + value);
+        variables.push_back(std::string(name).append("=").append(value));
     const auto pointers = [](std::vector<std::string>& texts) {
         std::vector<char*> list;
+        list.reserve(texts.size() + 1);
         for (std::string& text : texts)
             list.push_back(text.data());
         list.push_back(nullptr);
