@@ -5,7 +5,27 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <cstdlib>
+#include <new>
 #include <optional>
+
+namespace {
+std::atomic<long> allocations{0};
+}
+
+void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* memory = std::malloc(size))
+        return memory;
+    throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
 
 namespace brimlow::platform {
 
@@ -70,6 +90,26 @@ TEST_F(TwoPads, UnpluggingEndsThatPadsContactsWithoutALift) {
 TEST_F(TwoPads, UnpluggingAnUntouchedPadIsSilent) {
     framesAfter(left_, "id1 .");
     EXPECT_EQ(framesAfterUnplugging(right_), "");
+}
+
+TEST(ContactFrames, AllocateNothingOnceThePadsAreKnown) {
+    long contacts = 0;
+    ContactIdentities identities;
+    ContactFrames frames([&](auto fingers, double, std::int32_t) { contacts += fingers.size(); });
+    const TrackpadDescription pad = deviceDescription("bcm5974");
+    PadFeed one(pad, identities, frames);
+    PadFeed other(pad, identities, frames);
+    std::string all;
+    for (int slot = 0; slot < 16; ++slot)
+        all += "s" + std::to_string(slot) + " id" + std::to_string(slot) + " x7 ";
+    const auto events = eventsOf(all + ". x9 . ! . " + all + ". s3 id99 . id-1 . ");
+    const long before = allocations;
+    for (const input_event& event : events) {
+        one.feed(event);
+        other.feed(event);
+    }
+    EXPECT_EQ(allocations, before);
+    EXPECT_GT(contacts, 100);
 }
 
 } // namespace
