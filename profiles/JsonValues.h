@@ -43,7 +43,7 @@ auto list(const QJsonValue& value, Decode decode)
     std::vector<typename decltype(decode(value))::value_type> result;
     const QJsonArray array = value.toArray();
     result.reserve(static_cast<std::size_t>(array.size()));
-    for (const QJsonValue& element : array) {
+    for (const auto& element : array) {
         auto decoded = decode(element);
         if (!decoded)
             return std::nullopt;
