@@ -11,6 +11,15 @@ namespace brimlow::desktop {
 
 using platform::Outcome;
 
+inline std::string nameOf(const testing::TestParamInfo<WindowManager>& info) {
+    return info.param == WindowManager::openbox ? "openbox" : "xfwm4";
+}
+
+// How tests are listed.
+inline void PrintTo(WindowManager manager, std::ostream* out) {
+    *out << nameOf({manager, 0});
+}
+
 /// A desktop under one of the window managers, and our session on it.
 class X11Desktop : public testing::TestWithParam<WindowManager> {
 protected:
@@ -58,10 +67,6 @@ protected:
     PrivateDesktop desktop{GetParam()};
     std::unique_ptr<platform::X11Session> session;
 };
-
-inline std::string nameOf(const testing::TestParamInfo<WindowManager>& info) {
-    return info.param == WindowManager::openbox ? "openbox" : "xfwm4";
-}
 
 inline std::string why(const Outcome& outcome) {
     return outcome.reason.toStdString();
