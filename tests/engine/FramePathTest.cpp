@@ -2,32 +2,13 @@
 
 #include "engine/FrameQueue.h"
 #include "engine/MultitouchManager.h"
+#include "tests/support/AllocationCount.h"
 #include "tests/support/FakeTrackpad.h"
 #include "tests/support/TestPlatform.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
 #include <thread>
-
-namespace {
-thread_local long allocations = 0;
-}
-
-// Counted on the thread that asks, in this binary only.
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size))
-        return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 namespace brimlow::test {
 namespace {
@@ -55,10 +36,10 @@ TEST(FramePath, AllocatesNothingOnceWarm) {
     };
     for (int round = 0; round < 10; ++round)
         playFiveFingers(round * 5);
-    const long before = allocations;
+    const long before = allocationsOfThisThread();
     for (int round = 10; round < 1000; ++round)
         playFiveFingers(round * 5);
-    EXPECT_EQ(allocations - before, 0);
+    EXPECT_EQ(allocationsOfThisThread() - before, 0);
 }
 
 TEST(FramePath, KeepsOrderAndContentBetweenTwoThreads) {

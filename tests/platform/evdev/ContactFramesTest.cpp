@@ -2,30 +2,11 @@
 
 #include "PadEvents.h"
 #include "platform/linux/evdev/PadFeed.h"
+#include "tests/support/AllocationCount.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
 #include <optional>
-
-namespace {
-std::atomic<long> allocations{0};
-}
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size))
-        return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 namespace brimlow::platform {
 
@@ -103,12 +84,12 @@ TEST(ContactFrames, AllocateNothingOnceThePadsAreKnown) {
     for (int slot = 0; slot < 16; ++slot)
         all += "s" + std::to_string(slot) + " id" + std::to_string(slot) + " x7 ";
     const auto events = eventsOf(all + ". x9 . ! . " + all + ". s3 id99 . id-1 . ");
-    const long before = allocations;
+    const long before = test::allocationsOfThisThread();
     for (const input_event& event : events) {
         one.feed(event);
         other.feed(event);
     }
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(test::allocationsOfThisThread(), before);
     EXPECT_GT(contacts, 100);
 }
 
