@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/support/MockedPad.h"
 #include "tools/desktop/BrimlowProgram.h"
+#include "tools/mocked/MockedPad.h"
 #include "tools/recording/PadScript.h"
 
 #include <QTemporaryDir>

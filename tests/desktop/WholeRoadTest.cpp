@@ -2,9 +2,9 @@
 // desktop, with preferences of its own.
 
 #include "tests/desktop/X11Desktop.h"
-#include "tests/support/MockedPad.h"
 #include "tools/desktop/BrimlowProgram.h"
 #include "tools/desktop/ScratchPreferences.h"
+#include "tools/mocked/MockedPad.h"
 #include "tools/recording/PadScript.h"
 
 #include <csignal>

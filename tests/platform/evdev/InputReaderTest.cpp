@@ -1,5 +1,5 @@
 #include "Probe.h"
-#include "tests/support/MockedPad.h"
+#include "tools/mocked/MockedPad.h"
 #include "tools/recording/PadScript.h"
 #include "tools/recording/RecordingWriter.h"
 

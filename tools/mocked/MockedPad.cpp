@@ -1,7 +1,7 @@
-#include "tests/support/MockedPad.h"
+#include "tools/mocked/MockedPad.h"
 
 #include "platform/linux/evdev/Recording.h"
-#include "tests/support/MockedUevent.h"
+#include "tools/mocked/MockedUevent.h"
 
 #include <sys/ioctl.h>
 #include <sys/stat.h>

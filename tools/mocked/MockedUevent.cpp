@@ -1,4 +1,4 @@
-#include "tests/support/MockedUevent.h"
+#include "tools/mocked/MockedUevent.h"
 
 #include "platform/linux/evdev/FileDescriptor.h"
 
