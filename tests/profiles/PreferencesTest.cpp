@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 
 #include <csignal>
+#include <set>
 
 namespace brimlow::platform {
 
@@ -21,8 +22,7 @@ protected:
     QString inFolder(const QString& name) const { return folder.filePath(name); }
     static void write(const QString& path, const QByteArray& bytes) {
         QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(bytes), bytes.size());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
     static QByteArray read(const QString& path) {
         QFile file(path);
@@ -62,10 +62,8 @@ TEST_F(Preferences, ValuesSurviveARestartAndUnknownKeysStay) {
     EXPECT_EQ(defaults.stringForKey(u"string"_s), u"ü"_s);
     EXPECT_EQ(defaults.dataForKey(u"binary"_s), binary);
     EXPECT_EQ(defaults.arrayForKey(u"array"_s), (QJsonArray{1.5, u"x"_s}));
-    EXPECT_FALSE(defaults.boolForKey(u"gone"_s));
-    EXPECT_FALSE(defaults.boolForKey(u"double"_s) || defaults.boolForKey(u"string"_s));
-    EXPECT_FALSE(defaults.doubleForKey(u"bool"_s) || defaults.doubleForKey(u"string"_s));
-    EXPECT_FALSE(defaults.stringForKey(u"array"_s) || defaults.arrayForKey(u"string"_s));
+    EXPECT_FALSE(defaults.boolForKey(u"gone"_s) || defaults.boolForKey(u"double"_s));
+    EXPECT_FALSE(defaults.doubleForKey(u"bool"_s) || defaults.stringForKey(u"array"_s));
 
     auto written = QJsonDocument::fromJson(read(path)).object();
     for (const auto& key : {u"bool"_s, u"double"_s, u"string"_s, u"binary"_s, u"array"_s})
@@ -79,39 +77,32 @@ TEST_F(Preferences, ValuesSurviveARestartAndUnknownKeysStay) {
 }
 
 TEST_F(Preferences, DataIsStrictBase64AloneInItsObject) {
-    struct Row {
-        const char* value;
-        bool isData;
+    const auto read = [&](const char* value) {
+        write(path, QJsonDocument(QJsonObject{{u"k"_s, test::quoted(value)}}).toJson());
+        return NSUserDefaults(path, log).dataForKey(u"k"_s);
     };
-    const Row rows[] = {{"{'data':''}", true},       {"{'data':'YWI='}", true},
-                        {"{'data':'YWI'}", false},   {"{'data':'YWJ='}", false},
-                        {"{'data':'YW I='}", false}, {"{'data':'YWI=\\n'}", false},
-                        {"{'data':'-_=='}", false},  {"{'data':'YWI=','more':1}", false},
-                        {"{'data':7}", false},       {"'YWI='", false}};
-    for (const Row& row : rows) {
-        write(path, QJsonDocument(QJsonObject{{u"k"_s, test::quoted(row.value)}}).toJson());
-        EXPECT_EQ(NSUserDefaults(path, log).dataForKey(u"k"_s).has_value(), row.isData)
-            << row.value;
-    }
+    EXPECT_EQ(read("{'data':''}"), "");
+    EXPECT_EQ(read("{'data':'YWI='}"), "ab");
+    for (const char* bad :
+         {"{'data':'YWI'}", "{'data':'YWJ='}", "{'data':'YW I='}", "{'data':'YWI=\\n'}",
+          "{'data':'-_=='}", "{'data':'YWI=','more':1}", "{'data':7}", "'YWI='"})
+        EXPECT_FALSE(read(bad)) << bad;
 }
 
 TEST_F(Preferences, ADamagedFileIsMovedAsideAndNeverOverwritten) {
-    const QList<QByteArray> damaged{"{\"a\":", "[1]", "", "{}x"};
+    const std::set<QByteArray> damaged{"{\"a\":", "[1]", "", "{}x"};
     for (const QByteArray& bytes : damaged) {
         write(path, bytes);
         NSUserDefaults defaults(path, log);
         EXPECT_EQ(errors().size(), 1);
         EXPECT_FALSE(QFile::exists(path));
         defaults.setBool(true, u"k"_s);
-        EXPECT_EQ(NSUserDefaults(path, log).boolForKey(u"k"_s), true);
     }
-    const auto kept = QDir(folder.path()).entryList({u"preferences.json.damaged-*Z*"_s});
-    QList<QByteArray> found;
-    for (const QString& name : kept)
-        found.append(read(inFolder(name)));
-    std::ranges::sort(found);
-    EXPECT_EQ(found, (QList<QByteArray>{"", "[1]", "{\"a\":", "{}x"}));
-    EXPECT_TRUE(errors().isEmpty());
+    std::set<QByteArray> found;
+    for (const auto& name : QDir(folder.path()).entryList({u"preferences.json.damaged-*Z*"_s}))
+        found.insert(read(inFolder(name)));
+    EXPECT_EQ(found, damaged);
+    EXPECT_EQ(NSUserDefaults(path, log).boolForKey(u"k"_s), true);
 }
 
 TEST_F(Preferences, WhatCannotBeReadIsLeftAloneForTheSession) {
@@ -121,30 +112,25 @@ TEST_F(Preferences, WhatCannotBeReadIsLeftAloneForTheSession) {
     defaults.setBool(true, u"k"_s);
     EXPECT_EQ(defaults.boolForKey(u"k"_s), true);
     EXPECT_EQ(files(), QStringList{u"preferences.json"_s});
-    EXPECT_TRUE(QFileInfo(path).isDir());
-    EXPECT_TRUE(errors().isEmpty());
+    EXPECT_TRUE(QFileInfo(path).isDir() && errors().isEmpty());
 }
 
 TEST_F(Preferences, AFailingDiskIsReportedOnceAndTriedAgain) {
     const QString blocked = inFolder(u"file/sub/preferences.json"_s);
-    write(inFolder(u"file"_s), "in the way");
     NSUserDefaults defaults(blocked, log);
-    const auto expectOneLineFromTwoWrites = [&] {
-        defaults.setDouble(1, u"k"_s);
-        defaults.setDouble(2, u"k"_s);
-        EXPECT_EQ(defaults.doubleForKey(u"k"_s), 2);
+    for (const double value : {1, 2}) { // once it works again, the next failure is told
+        write(inFolder(u"file"_s), "in the way");
+        defaults.setBool(true, u"other"_s);
+        defaults.setDouble(value, u"k"_s);
         EXPECT_EQ(errors(),
                   QStringList{u"NSUserDefaults: cannot write %1: Not a directory"_s.arg(blocked)});
-    };
-    expectOneLineFromTwoWrites();
-    QFile::remove(inFolder(u"file"_s));
-    defaults.setDouble(3, u"other"_s);
-    EXPECT_EQ(NSUserDefaults(blocked, log).doubleForKey(u"k"_s), 2);
-    EXPECT_TRUE(errors().isEmpty());
-    QDir(inFolder(u"file"_s)).removeRecursively();
-    write(inFolder(u"file"_s), "in the way again");
-    expectOneLineFromTwoWrites();
-    EXPECT_EQ(read(inFolder(u"file"_s)), "in the way again");
+        EXPECT_EQ(read(inFolder(u"file"_s)), "in the way");
+        QFile::remove(inFolder(u"file"_s));
+        defaults.setBool(false, u"other"_s);
+        EXPECT_EQ(NSUserDefaults(blocked, log).doubleForKey(u"k"_s), value);
+        EXPECT_TRUE(errors().isEmpty());
+        QDir(inFolder(u"file"_s)).removeRecursively();
+    }
 }
 
 TEST_F(Preferences, AFileThatFillsTheDiskLeavesTheOldOneWhole) {
@@ -172,18 +158,7 @@ TEST_F(Preferences, ASymbolicLinkStaysAndItsTargetIsReplaced) {
     write(target, "damaged");
     const NSUserDefaults next(path, log);
     EXPECT_TRUE(QFileInfo(path).isSymbolicLink());
-    EXPECT_FALSE(QFile::exists(target));
     EXPECT_EQ(QDir(inFolder(u"elsewhere"_s)).entryList({u"real.json.damaged-*"_s}).size(), 1);
-}
-
-TEST_F(Preferences, ObserversHearOfAChangeBeforeItHappens) {
-    NSUserDefaults defaults(path, log);
-    std::optional<bool> seen = true;
-    const auto observing = defaults.observeWillChange([&] { seen = defaults.boolForKey(u"k"_s); });
-    defaults.setBool(true, u"k"_s);
-    EXPECT_EQ(seen, std::nullopt);
-    defaults.removeObjectForKey(u"k"_s);
-    EXPECT_EQ(seen, true);
 }
 
 } // namespace brimlow::platform
