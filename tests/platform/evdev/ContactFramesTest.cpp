@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <utility>
 
 namespace brimlow::platform {
 
@@ -14,16 +15,12 @@ namespace {
 
 class TwoPads : public testing::Test {
 protected:
+    /// Those since the last call.
+    std::string frames() { return std::exchange(text_, {}); }
     std::string framesAfter(std::optional<PadFeed>& pad, const std::string& words) {
-        text_.clear();
         for (const input_event& event : eventsOf(words))
             pad->feed(event);
-        return text_;
-    }
-    std::string framesAfterUnplugging(std::optional<PadFeed>& pad) {
-        text_.clear();
-        pad.reset();
-        return text_;
+        return frames();
     }
 
     ContactIdentities identities_;
@@ -62,15 +59,15 @@ TEST_F(TwoPads, AHoveringFingerStaysAfterTheLastLift) {
 }
 
 TEST_F(TwoPads, UnpluggingEndsThatPadsContactsWithoutALift) {
-    framesAfter(left_, "id1 . s1 id2 .");
-    framesAfter(right_, "T1 F1 .");
-    EXPECT_EQ(framesAfterUnplugging(left_), "3:4");
-    EXPECT_EQ(framesAfterUnplugging(right_), "-");
-}
-
-TEST_F(TwoPads, UnpluggingAnUntouchedPadIsSilent) {
-    framesAfter(left_, "id1 .");
-    EXPECT_EQ(framesAfterUnplugging(right_), "");
+    EXPECT_EQ(framesAfter(left_, "id1 . s1 id2 ."), "1:3 1:4+2:3");
+    EXPECT_EQ(framesAfter(right_, "T1 F1 ."), "1:4+2:4+3:3");
+    left_.reset();
+    EXPECT_EQ(frames(), "3:4");
+    right_.reset();
+    EXPECT_EQ(frames(), "-");
+    left_.emplace(deviceDescription("synps2-t440"), identities_, frames_);
+    left_.reset(); // untouched
+    EXPECT_EQ(frames(), "");
 }
 
 TEST(ContactFrames, AllocateNothingOnceThePadsAreKnown) {

@@ -5,16 +5,13 @@
 #include <fstream>
 #include <map>
 #include <sstream>
-#include <stdexcept>
+#include <tuple>
 
 namespace brimlow::platform {
 
 namespace {
 
-struct Word {
-    std::uint16_t type;
-    std::uint16_t code;
-};
+using Word = std::pair<std::uint16_t, std::uint16_t>; // type and code
 
 const std::map<std::string, Word>& words() {
     static const std::map<std::string, Word> all{{"s", {EV_ABS, ABS_MT_SLOT}},
@@ -37,20 +34,12 @@ const std::map<std::string, Word>& words() {
     return all;
 }
 
-std::string fileOf(const std::string& name) {
-    return BRIMLOW_TEST_DEVICES "/" + name + ".device";
-}
-
 } // namespace
 
 TrackpadDescription deviceDescription(const std::string& name) {
-    std::ifstream file(fileOf(name));
-    std::ostringstream text;
-    text << file.rdbuf();
-    auto result = parseDescription(text.str(), fileOf(name));
-    if (const auto* error = std::get_if<RecordingError>(&result))
-        throw std::runtime_error(error->text());
-    return std::get<TrackpadDescription>(result);
+    std::ifstream file(BRIMLOW_TEST_DEVICES "/" + name + ".device");
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    return std::get<TrackpadDescription>(parseDescription(text, name));
 }
 
 std::vector<input_event> eventsOf(const std::string& text) {
@@ -59,10 +48,8 @@ std::vector<input_event> eventsOf(const std::string& text) {
     double time = 1;
     for (std::string word; stream >> word;) {
         const auto digits = std::min(word.find_first_of("-0123456789"), word.size());
-        const Word& meaning = words().at(word.substr(0, digits));
         input_event event{};
-        event.type = meaning.type;
-        event.code = meaning.code;
+        std::tie(event.type, event.code) = words().at(word.substr(0, digits));
         event.value = digits < word.size() ? std::stoi(word.substr(digits)) : 0;
         events.push_back(atSeconds(event, time));
         time += event.type == EV_SYN ? 0.01 : 0;

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <sys/types.h>
+#include <QProcess>
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -11,30 +10,45 @@ namespace brimlow::platform {
 /// A running touch-probe. It is told to end, and waited for, when this is destroyed.
 class Probe {
 public:
-    using Environment = std::map<std::string, std::string>;
+    explicit Probe(const QProcessEnvironment& environment, const QStringList& arguments = {}) {
+        process_.setProcessEnvironment(environment);
+        process_.start(QStringLiteral(BRIMLOW_TOUCH_PROBE),
+                       QStringList{QStringLiteral(BRIMLOW_TOUCH_IMAGE)} + arguments);
+    }
+    ~Probe() { finish(); }
 
-    explicit Probe(const Environment& environment, const std::vector<std::string>& arguments = {});
-    ~Probe();
-    Probe(const Probe&) = delete;
-    Probe& operator=(const Probe&) = delete;
-
-    /// The next line it says, or "(silent)" when none comes within `seconds`.
-    std::string next(double seconds = 10);
+    /// The next line it says, or "(silent)" when none comes in time.
+    std::string next(int milliseconds = 10'000) {
+        while (!process_.canReadLine()) {
+            if (!process_.waitForReadyRead(milliseconds))
+                return "(silent)";
+        }
+        return process_.readLine().chopped(1).toStdString();
+    }
     /// All it says up to and including `last`, or up to the silence.
-    std::vector<std::string> upTo(const std::string& last);
+    std::vector<std::string> upTo(const std::string& last) {
+        std::vector<std::string> lines;
+        do
+            lines.push_back(next());
+        while (lines.back() != last && lines.back() != "(silent)");
+        return lines;
+    }
 
     /// Sends it a line, to which it says "asked" last.
-    void ask(const std::string& line = "unreadable?");
+    void ask(const char* line = "unreadable?\n") {
+        process_.write(line);
+        process_.waitForBytesWritten();
+    }
 
     /// Ends it; what it wrote on standard error.
-    std::string finish();
+    std::string finish() {
+        process_.closeWriteChannel();
+        process_.waitForFinished();
+        return process_.readAllStandardError().toStdString();
+    }
 
 private:
-    pid_t process_ = -1;
-    int input_ = -1;
-    int output_ = -1;
-    int errors_ = -1;
-    std::string rest_;
+    QProcess process_;
 };
 
 } // namespace brimlow::platform

@@ -14,7 +14,6 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <iostream>
 #include <string>
 
@@ -44,16 +43,10 @@ std::int32_t frame(std::int32_t, const MTFinger* fingers, std::int32_t count, do
 
 template<typename Function>
 Function symbol(void* image, const char* name) {
-    auto* found = dlsym(image, name);
-    if (!found) {
-        say(dlerror());
-        std::exit(1);
-    }
-    return reinterpret_cast<Function>(found);
+    return reinterpret_cast<Function>(dlsym(image, name));
 }
 
-bool becomeUser(const char* id) {
-    const auto user = static_cast<uid_t>(std::strtoul(id, nullptr, 10));
+bool becomeUser(uid_t user) {
     return setgroups(0, nullptr) == 0 && setgid(user) == 0 && setuid(user) == 0;
 }
 
@@ -61,7 +54,7 @@ bool becomeUser(const char* id) {
 
 int main(int argc, char** argv) {
     void* image = argc > 1 ? dlopen(argv[1], RTLD_NOW) : nullptr;
-    if (!image || (argc > 2 && !becomeUser(argv[2])))
+    if (!image || (argc > 2 && !becomeUser(static_cast<uid_t>(std::stoul(argv[2])))))
         return 1;
     const auto create = symbol<MTDeviceCreateDefaultFunction>(image, "MTDeviceCreateDefault");
     const auto attach =
