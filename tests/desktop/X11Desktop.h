@@ -9,8 +9,6 @@
 
 namespace brimlow::desktop {
 
-using platform::Outcome;
-
 inline std::string nameOf(const testing::TestParamInfo<WindowManager>& info) {
     return info.param == WindowManager::openbox ? "openbox" : "xfwm4";
 }
@@ -67,9 +65,5 @@ protected:
     PrivateDesktop desktop{GetParam()};
     std::unique_ptr<platform::X11Session> session;
 };
-
-inline std::string why(const Outcome& outcome) {
-    return outcome.reason.toStdString();
-}
 
 } // namespace brimlow::desktop

@@ -50,8 +50,7 @@ TEST_P(X11Desktop, StepsWorkspacesAndStopsAtTheEnds) {
     } steps[] = {{Direction::left, 0},  {Direction::right, 1}, {Direction::right, 2},
                  {Direction::right, 3}, {Direction::right, 3}, {Direction::left, 2}};
     for (const auto& step : steps) {
-        const auto outcome = workspaces.step(step.direction);
-        EXPECT_TRUE(outcome) << why(outcome);
+        EXPECT_TRUE(workspaces.step(step.direction));
         ASSERT_TRUE(workspaceBecomes(step.expected)) << step.expected;
     }
 }

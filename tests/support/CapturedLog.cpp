@@ -7,19 +7,11 @@ void CapturedLog::write(platform::Stream stream, const QByteArray& line) {
     lines_.push_back({stream, QString::fromUtf8(line).chopped(1)});
 }
 
-QStringList CapturedLog::take() {
-    const std::lock_guard lock(mutex_);
-    QStringList result;
-    for (const auto& line : std::exchange(lines_, {}))
-        result << line.text;
-    return result;
-}
-
-QStringList CapturedLog::take(platform::Stream stream) {
+QStringList CapturedLog::take(std::optional<platform::Stream> stream) {
     const std::lock_guard lock(mutex_);
     QStringList result;
     for (const auto& line : std::exchange(lines_, {})) {
-        if (line.stream == stream)
+        if (!stream || line.stream == stream)
             result << line.text;
     }
     return result;

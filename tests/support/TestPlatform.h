@@ -13,6 +13,7 @@
 #include <QTemporaryDir>
 
 #include <mutex>
+#include <optional>
 
 namespace brimlow::test {
 
@@ -20,10 +21,9 @@ namespace brimlow::test {
 class CapturedLog final : public platform::LogSink {
 public:
     void write(platform::Stream stream, const QByteArray& line) override;
-    /// All lines since the last call, in order, without line feeds.
-    QStringList take();
-    /// The same, of one stream only; the other's lines are dropped.
-    QStringList take(platform::Stream stream);
+    /// All lines since the last call, in order, without line feeds; if `stream` is given those of
+    /// that one only, and the other's are dropped.
+    QStringList take(std::optional<platform::Stream> stream = {});
 
 private:
     struct Line {
