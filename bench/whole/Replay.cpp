@@ -49,7 +49,7 @@ void play(MockedPad& pad, const std::vector<input_event>& events) {
             continue;
         pad.write(std::span(frame, event + 1));
         frame = event + 1;
-        std::this_thread::sleep_for(1500us);
+        std::this_thread::sleep_for(3ms);
     }
     std::this_thread::sleep_for(200ms);
 }

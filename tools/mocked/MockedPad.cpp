@@ -3,6 +3,7 @@
 #include "platform/linux/evdev/Recording.h"
 #include "tools/mocked/MockedUevent.h"
 
+#include <fcntl.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <umockdev.h>
@@ -208,6 +209,8 @@ void MockedPad::announce(const std::string& action) {
 
 void MockedPad::write(std::span<const input_event> events) {
     const int descriptor = umockdev_testbed_get_dev_fd(input_.testbed_->bed, node_.c_str());
+    // A reader that has stopped must end the test, not hang it.
+    fcntl(descriptor, F_SETFL, fcntl(descriptor, F_GETFL) | O_NONBLOCK);
     const ssize_t written = ::write(descriptor, events.data(), events.size_bytes());
     require(written == static_cast<ssize_t>(events.size_bytes()), "write: the reader is behind");
 }

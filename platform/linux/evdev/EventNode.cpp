@@ -103,7 +103,7 @@ void EventNode::tellState(const std::function<void(const input_event&)>& tell) c
 }
 
 EventNode::Drained EventNode::drain(EventNodeListener& listener) {
-    while (true) {
+    do {
         input_event event{};
         const int status = libevdev_next_event(device_.get(), LIBEVDEV_READ_FLAG_NORMAL, &event);
         if (status == LIBEVDEV_READ_STATUS_SUCCESS)
@@ -114,7 +114,9 @@ EventNode::Drained EventNode::drain(EventNodeListener& listener) {
             return Drained::open; // the last: half an event, the rest is under way
         else
             return Drained::gone;
-    }
+        // What libevdev has read already does not show at the descriptor.
+    } while (libevdev_has_event_pending(device_.get()) > 0);
+    return Drained::open;
 }
 
 void EventNode::resynchronise(EventNodeListener& listener) {
