@@ -18,7 +18,7 @@ void processFrameOfFiveContacts(benchmark::State& state) {
         fingers[i].identifier = i;
         fingers[i].state = MTContactTouching;
     }
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         fingers[0].normalized.pos.x += 1e-6F;
         queue.push(fingers);
         queue.pop([&](std::span<const MTFinger> frame) { manager.processFingers(frame); });

@@ -27,7 +27,7 @@ void match(benchmark::State& state) {
         profile.bindings.push_back(bindingWith(state.range(0), i));
     store.profiles = {profile};
     double x = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         x = x < 0.99 ? x + 0.01 : 0;
         benchmark::DoNotOptimize(store.match(x, 0.05));
     }

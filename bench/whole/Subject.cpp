@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <stdexcept>
 
@@ -32,7 +33,7 @@ double Subject::start() {
 double percentile(std::vector<double> values, double share) {
     std::ranges::sort(values);
     const auto last = static_cast<double>(values.size() - 1);
-    return values.at(static_cast<std::size_t>(last * share + 0.5));
+    return values.at(static_cast<std::size_t>(std::lround(last * share)));
 }
 
 void report(const QString& what, const QString& figure, const QString& limit) {

@@ -17,7 +17,7 @@ struct Executor : testing::Test {
     TestPlatform world;
     ActionExecutor executor;
 
-    QString execute(TapAction action, std::optional<QString> appName = {}) {
+    QString execute(TapAction action, const std::optional<QString>& appName = {}) {
         return executor.execute(action, appName, {}, {});
     }
 };

@@ -16,7 +16,7 @@ TapPositionMapping Engine::bind(const QString& name, TapAction action, double x,
     return binding;
 }
 
-void Engine::change(TapPositionMapping binding) {
+void Engine::change(const TapPositionMapping& binding) {
     coordinator.positionMappings.update(binding);
 }
 

@@ -24,7 +24,7 @@ struct Engine : testing::Test {
 
     /// Adds a binding of one sample at (x, y) with a fixed radius of 0.1.
     TapPositionMapping bind(const QString& name, TapAction action, double x, double y);
-    void change(TapPositionMapping binding);
+    void change(const TapPositionMapping& binding);
 
     /// What standard error got since the last call.
     QStringList log() { return world.log.take(platform::Stream::error); }

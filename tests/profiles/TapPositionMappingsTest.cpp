@@ -69,12 +69,15 @@ TEST_F(Store, FirstRunSeedsAndWritesTheDefaultLayout) {
 
 TEST_F(Store, ASuccessfulLoadWritesNothing) {
     world.defaults.setData(twoProfiles, profilesKey);
-    for (const auto& [active, profile] :
-         {std::pair(u"bbbbbbbb-89ab-cdef-0123-456789abcdef"_s, u"Home"_s),
-          {u"CCCCCCCC-89AB-CDEF-0123-456789ABCDEF"_s, u"Work"_s},
-          {u"{BBBBBBBB-89AB-CDEF-0123-456789ABCDEF}"_s, u"Work"_s}}) {
-        world.defaults.setString(active, activeKey);
-        EXPECT_EQ(writes([&] { EXPECT_EQ(open().activeProfile()->name, profile); }), 0);
+    struct Row {
+        QString active;
+        QString profile;
+    };
+    for (const Row& row : {Row{u"bbbbbbbb-89ab-cdef-0123-456789abcdef"_s, u"Home"_s},
+                           Row{u"CCCCCCCC-89AB-CDEF-0123-456789ABCDEF"_s, u"Work"_s},
+                           Row{u"{BBBBBBBB-89AB-CDEF-0123-456789ABCDEF}"_s, u"Work"_s}}) {
+        world.defaults.setString(row.active, activeKey);
+        EXPECT_EQ(writes([&] { EXPECT_EQ(open().activeProfile()->name, row.profile); }), 0);
     }
 }
 
