@@ -37,6 +37,7 @@ public:
     Windows& windows() override { return session_->windows(); }
     Workspaces& workspaces() override { return session_->workspaces(); }
     Input& input() override { return session_->input(); }
+    Startup& startup() override { return session_->startup(); }
     Abilities abilities() override { return session_->abilities(); }
 
 private:
@@ -46,13 +47,14 @@ private:
 
 } // namespace
 
-std::unique_ptr<Session> chooseSession(std::function<void(const QString&)> whenLost) {
+std::unique_ptr<Session> chooseSession(Applications& applications,
+                                       std::function<void(const QString&)> whenLost) {
     if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
         return noSession(u"Wayland desktops are not supported yet"_s);
     if (!qEnvironmentVariableIsSet("DISPLAY"))
         return noSession(u"there is no X server: DISPLAY is not set"_s);
     QString reason;
-    auto session = X11Session::connect({}, reason);
+    auto session = X11Session::connect({}, applications, reason);
     if (!session)
         return noSession(reason);
     return std::make_unique<WatchedX11Session>(std::move(session), std::move(whenLost));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Applications.h"
 #include "platform/Session.h"
 
 #include <functional>
@@ -11,7 +12,9 @@ namespace brimlow::platform {
 /// can speak to, the reason is printed on standard error and the session returned refuses
 /// everything. Main thread, after the application object.
 ///
-/// `whenLost` is called on the main thread once the desktop has gone away.
-std::unique_ptr<Session> chooseSession(std::function<void(const QString& reason)> whenLost);
+/// `applications` tell whose a window is, and outlive the session. `whenLost` is called on the main
+/// thread once the desktop has gone away.
+std::unique_ptr<Session> chooseSession(Applications& applications,
+                                       std::function<void(const QString& reason)> whenLost);
 
 } // namespace brimlow::platform

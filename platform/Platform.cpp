@@ -10,10 +10,10 @@ Platform* currentPlatform = nullptr;
 
 Platform::Platform(Clock& theClock, MainQueue& theQueue, LogSink& theLog,
                    NSUserDefaults& theDefaults, NSBundle& theBundle, InputDevices& theDevices,
-                   Session& theSession)
+                   Applications& theApplications, Icons& theIcons, Session& theSession)
     : clock(theClock), mainQueue(theQueue), log(theLog), standardUserDefaults(theDefaults),
-      mainBundle(theBundle), inputDevices(theDevices), session(theSession),
-      previous_(currentPlatform) {
+      mainBundle(theBundle), inputDevices(theDevices), applications(theApplications),
+      icons(theIcons), session(theSession), previous_(currentPlatform) {
     currentPlatform = this;
 }
 

@@ -2,7 +2,9 @@
 
 namespace brimlow::platform {
 
+class Applications;
 class Clock;
+class Icons;
 class InputDevices;
 class LogSink;
 class MainQueue;
@@ -15,7 +17,8 @@ class Session;
 /// and each test makes one, which is current until it is destroyed. All members outlive it.
 struct Platform {
     Platform(Clock& theClock, MainQueue& theQueue, LogSink& theLog, NSUserDefaults& theDefaults,
-             NSBundle& theBundle, InputDevices& theDevices, Session& theSession);
+             NSBundle& theBundle, InputDevices& theDevices, Applications& theApplications,
+             Icons& theIcons, Session& theSession);
     ~Platform();
     Platform(const Platform&) = delete;
     Platform& operator=(const Platform&) = delete;
@@ -29,6 +32,8 @@ struct Platform {
     NSUserDefaults& standardUserDefaults;
     NSBundle& mainBundle;
     InputDevices& inputDevices;
+    Applications& applications;
+    Icons& icons;
     Session& session;
 
 private:

@@ -10,6 +10,8 @@
 
 namespace brimlow::platform {
 
+struct DesktopEntry;
+
 /// What came of a request to the session.
 struct Outcome {
     bool done = false;
@@ -30,6 +32,7 @@ struct Window {
     bool hidden = false;          // minimised
     bool active = false;          // has the focus
     bool inTaskList = true;       // an ordinary window, as opposed to a helper's
+    std::uint32_t age = 0;        // lower in windows that were opened earlier
 };
 
 /// All windows of all workspaces. Main thread.
@@ -37,7 +40,8 @@ class Windows {
 public:
     virtual ~Windows() = default;
 
-    /// Bottom to top as they are stacked; absent when the session cannot be asked.
+    /// Bottom to top as they are stacked; absent when the session cannot be asked. What was asked
+    /// for through this object counts as done.
     virtual std::optional<std::vector<Window>> list() = 0;
     /// Un-hides, goes to its workspace, raises it and gives it the focus.
     virtual Outcome activate(std::uint32_t number) = 0;
@@ -76,6 +80,18 @@ public:
     virtual Outcome post(const KeyEvent& event) = 0;
 };
 
+/// Announces programs that are about to start, so that their first window gets the focus. Main
+/// thread.
+class Startup {
+public:
+    virtual ~Startup() = default;
+
+    /// A token to hand to the program; empty where the session gives none.
+    virtual QString begin(const DesktopEntry& application) = 0;
+    /// The program could not be started after all.
+    virtual void abandon(const QString& token) = 0;
+};
+
 /// What a session can do, in words for its user.
 struct Abilities {
     QString sessionName;          // "X11 (Openbox)"
@@ -93,6 +109,7 @@ public:
     virtual Windows& windows() = 0;
     virtual Workspaces& workspaces() = 0;
     virtual Input& input() = 0;
+    virtual Startup& startup() = 0;
     /// Asked anew each time: window managers come and go.
     virtual Abilities abilities() = 0;
 };

@@ -5,7 +5,9 @@
 #include "platform/QtMainQueue.h"
 #include "platform/Streams.h"
 #include "platform/SystemClock.h"
+#include "platform/linux/applications/GioApplications.h"
 #include "platform/linux/evdev/EvdevInputDevices.h"
+#include "platform/linux/icons/ThemeIcons.h"
 #include "ui/BrimlowApp.h"
 
 #include <QCoreApplication>
@@ -28,12 +30,14 @@ int main(int argc, char* argv[]) {
     platform::NSUserDefaults defaults(platform::NSUserDefaults::standardPath(), log);
     auto bundle = platform::NSBundle::forApplicationAt(QCoreApplication::applicationFilePath());
     platform::EvdevInputDevices inputDevices;
-    const auto session = platform::chooseSession([](const QString& reason) {
+    platform::GioApplications applications;
+    platform::ThemeIcons icons;
+    const auto session = platform::chooseSession(applications, [](const QString& reason) {
         platform::printErrorLine(QStringLiteral("Brimlow: %1, so Brimlow ends").arg(reason));
         QCoreApplication::exit(1);
     });
     const platform::Platform platform(clock, mainQueue, log, defaults, bundle, inputDevices,
-                                      *session);
+                                      applications, icons, *session);
     BrimlowApp brimlow;
     brimlow.start();
     return QCoreApplication::exec();

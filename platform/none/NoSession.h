@@ -6,7 +6,11 @@ namespace brimlow::platform {
 
 /// Where there is no desktop that we can speak to: nothing can be done to windows, everything else
 /// of the program runs.
-class NoSession : public Session, private Windows, private Workspaces, private Input {
+class NoSession : public Session,
+                  private Windows,
+                  private Workspaces,
+                  private Input,
+                  private Startup {
 public:
     /// `reason`: why, one clause without a full stop.
     explicit NoSession(QString reason) : reason_(std::move(reason)) {}
@@ -14,6 +18,7 @@ public:
     Windows& windows() override { return *this; }
     Workspaces& workspaces() override { return *this; }
     Input& input() override { return *this; }
+    Startup& startup() override { return *this; }
     Abilities abilities() override;
 
 private:
@@ -25,6 +30,8 @@ private:
     Outcome close(std::uint32_t) override { return refusal(); }
     Outcome step(Direction) override { return refusal(); }
     Outcome post(const KeyEvent&) override { return refusal(); }
+    QString begin(const DesktopEntry&) override { return {}; }
+    void abandon(const QString&) override {}
 
     Outcome refusal() const { return Outcome::failure(reason_); }
 

@@ -1,5 +1,7 @@
 #include "platform/simulated/SimulatedSession.h"
 
+#include "platform/DesktopEntry.h"
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -13,7 +15,8 @@ std::uint32_t SimulatedSession::openWindow(const QString& applicationId, pid_t p
                         .ownerPid = pid,
                         .title = title,
                         .applicationId = applicationId,
-                        .workspace = currentWorkspace_});
+                        .workspace = currentWorkspace_,
+                        .age = lastNumber_});
     focus(lastNumber_);
     return lastNumber_;
 }
@@ -59,16 +62,25 @@ Outcome SimulatedSession::change(const QString& verb, std::uint32_t number,
     return Outcome::success();
 }
 
+void SimulatedSession::toTop(std::uint32_t number) {
+    std::ranges::stable_partition(windows_,
+                                  [=](const Window& each) { return each.number != number; });
+}
+
 Outcome SimulatedSession::activate(std::uint32_t number) {
-    return change(u"activate"_s, number, [this](Window& each) {
+    const auto outcome = change(u"activate"_s, number, [this](Window& each) {
         each.hidden = false;
         currentWorkspace_ = each.workspace.value_or(currentWorkspace_);
         focus(each.number);
     });
+    toTop(number);
+    return outcome;
 }
 
 Outcome SimulatedSession::raise(std::uint32_t number) {
-    return change(u"raise"_s, number, [](Window&) {});
+    const auto outcome = change(u"raise"_s, number, [](Window&) {});
+    toTop(number);
+    return outcome;
 }
 
 Outcome SimulatedSession::unhide(std::uint32_t number) {
@@ -99,6 +111,15 @@ Outcome SimulatedSession::post(const KeyEvent& event) {
                     .arg(event.down ? u"down"_s : u"up"_s)
                     .arg(event.flags, 0, 16);
     return Outcome::success();
+}
+
+QString SimulatedSession::begin(const DesktopEntry& application) {
+    journal_ << u"startup "_s + application.id;
+    return u"token of "_s + application.id;
+}
+
+void SimulatedSession::abandon(const QString& token) {
+    journal_ << u"abandon "_s + token;
 }
 
 } // namespace brimlow::platform

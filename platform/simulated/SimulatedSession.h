@@ -10,7 +10,11 @@
 namespace brimlow::platform {
 
 /// A described world of windows and workspaces, with a journal of all that was done to it.
-class SimulatedSession final : public Session, private Windows, private Workspaces, private Input {
+class SimulatedSession final : public Session,
+                               private Windows,
+                               private Workspaces,
+                               private Input,
+                               private Startup {
 public:
     // The world's verbs.
 
@@ -32,6 +36,7 @@ public:
     Windows& windows() override { return *this; }
     Workspaces& workspaces() override { return *this; }
     Input& input() override { return *this; }
+    Startup& startup() override { return *this; }
     Abilities abilities() override;
 
 private:
@@ -43,11 +48,14 @@ private:
     Outcome close(std::uint32_t number) override;
     Outcome step(Direction direction) override;
     Outcome post(const KeyEvent& event) override;
+    QString begin(const DesktopEntry& application) override;
+    void abandon(const QString& token) override;
 
     /// Journals "<verb> <title>" and does it to the window, if there is one.
     Outcome change(const QString& verb, std::uint32_t number,
                    const std::function<void(Window&)>& edit);
     void focus(std::uint32_t number);
+    void toTop(std::uint32_t number);
 
     std::vector<Window> windows_; // bottom to top
     std::uint32_t lastNumber_ = 0x1400000;

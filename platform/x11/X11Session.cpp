@@ -33,16 +33,17 @@ QString sentence(const QStringList& inabilities) {
 
 } // namespace
 
-std::unique_ptr<X11Session> X11Session::connect(const QByteArray& displayName, QString& reason) {
+std::unique_ptr<X11Session> X11Session::connect(const QByteArray& displayName,
+                                                Applications& applications, QString& reason) {
     auto connection = X11Connection::open(displayName, reason);
     if (!connection)
         return nullptr;
-    return std::unique_ptr<X11Session>(new X11Session(std::move(connection)));
+    return std::unique_ptr<X11Session>(new X11Session(std::move(connection), applications));
 }
 
-X11Session::X11Session(std::unique_ptr<X11Connection> connection)
-    : connection_(std::move(connection)), windows_(*connection_), workspaces_(*connection_),
-      input_(windows_) {}
+X11Session::X11Session(std::unique_ptr<X11Connection> connection, Applications& applications)
+    : connection_(std::move(connection)), windows_(*connection_, applications),
+      workspaces_(*connection_), input_(windows_), startup_(*connection_) {}
 
 Abilities X11Session::abilities() {
     Abilities abilities;

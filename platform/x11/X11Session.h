@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/Applications.h"
 #include "platform/Session.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Input.h"
+#include "platform/x11/X11Startup.h"
 #include "platform/x11/X11Windows.h"
 #include "platform/x11/X11Workspaces.h"
 
@@ -14,11 +16,14 @@ namespace brimlow::platform {
 class X11Session : public Session {
 public:
     /// Null and a reason where the server cannot be reached. An empty name takes $DISPLAY.
-    static std::unique_ptr<X11Session> connect(const QByteArray& displayName, QString& reason);
+    /// `applications` tell whose a window is, and outlive the session.
+    static std::unique_ptr<X11Session> connect(const QByteArray& displayName,
+                                               Applications& applications, QString& reason);
 
     Windows& windows() override { return windows_; }
     Workspaces& workspaces() override { return workspaces_; }
     Input& input() override { return input_; }
+    Startup& startup() override { return startup_; }
     Abilities abilities() override;
 
     /// Becomes readable when the server has something for us or has gone; ask connectionLost() each
@@ -28,12 +33,13 @@ public:
     bool connectionLost();
 
 private:
-    explicit X11Session(std::unique_ptr<X11Connection> connection);
+    X11Session(std::unique_ptr<X11Connection> connection, Applications& applications);
 
     std::unique_ptr<X11Connection> connection_;
     X11Windows windows_;
     X11Workspaces workspaces_;
     X11Input input_;
+    X11Startup startup_;
 };
 
 } // namespace brimlow::platform

@@ -1,6 +1,6 @@
 #include "platform/x11/X11WindowFacts.h"
 
-#include "platform/x11/X11Identity.h"
+#include "platform/linux/identity/WindowIdentity.h"
 #include "platform/x11/X11Reply.h"
 #include "platform/x11/X11Text.h"
 
@@ -72,7 +72,7 @@ X11WindowRequest::X11WindowRequest(X11Connection& connection, xcb_window_t windo
     clientIds_ = xcb_res_query_client_ids(connection.get(), 1, &spec);
 }
 
-std::optional<Window> X11WindowRequest::take() {
+std::optional<Window> X11WindowRequest::take(const ApplicationCatalogue& catalogue) {
     // Every answer is taken, also of windows that drop out: an answer not taken stays in memory.
     const auto state = state_.take();
     const auto types = type_.takeValues(XCB_ATOM_ATOM);
@@ -81,7 +81,7 @@ std::optional<Window> X11WindowRequest::take() {
     window.number = window_;
     window.title = takeTitle();
     window.ownerPid = takeClientPid();
-    window.applicationId = takeApplicationId(window.ownerPid);
+    window.applicationId = takeApplicationId(window.ownerPid, catalogue);
 
     const Role role = roleOf(connection_, types);
     if (!state || role == Role::furniture)
@@ -121,19 +121,19 @@ pid_t X11WindowRequest::takeClientPid() {
     return stated;
 }
 
-QString X11WindowRequest::takeApplicationId(pid_t pid) {
+QString X11WindowRequest::takeApplicationId(pid_t pid, const ApplicationCatalogue& catalogue) {
     const auto gtkApplicationId = gtkApplicationId_.take();
     const auto classHint = class_.take();
-    X11IdentityEvidence evidence;
+    WindowEvidence evidence;
     evidence.pid = pid;
     if (gtkApplicationId)
-        evidence.gtkApplicationId = textOf(connection_, *gtkApplicationId);
+        evidence.statedId = textOf(connection_, *gtkApplicationId);
     if (classHint && classHint->format == 8) {
         const auto parts = classHint->bytes.split('\0');
         evidence.instance = QString::fromLatin1(parts.value(0));
         evidence.className = QString::fromLatin1(parts.value(1));
     }
-    return applicationIdOf(evidence);
+    return applicationIdOf(evidence, catalogue);
 }
 
 } // namespace brimlow::platform

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ApplicationCatalogue.h"
 #include "platform/Session.h"
 #include "platform/x11/X11Property.h"
 
@@ -20,12 +21,12 @@ public:
 
     /// Absent when the window has gone in the meantime, and for desktops, docks and other
     /// furniture. `active` is left for the caller. Call once.
-    std::optional<Window> take();
+    std::optional<Window> take(const ApplicationCatalogue& catalogue);
 
 private:
     pid_t takeClientPid();
     QString takeTitle();
-    QString takeApplicationId(pid_t pid);
+    QString takeApplicationId(pid_t pid, const ApplicationCatalogue& catalogue);
 
     X11Connection& connection_;
     xcb_window_t window_;

@@ -55,9 +55,10 @@ std::optional<std::vector<Window>> X11Windows::list() {
     requests.reserve(numbers.size());
     for (const xcb_window_t number : numbers)
         requests.emplace_back(connection_, number);
+    const auto catalogue = applications_.catalogue();
     std::vector<Window> windows;
     for (X11WindowRequest& request : requests) {
-        if (auto window = request.take()) {
+        if (auto window = request.take(*catalogue)) {
             window->active = window->number == activeNumber;
             windows.push_back(std::move(*window));
         }

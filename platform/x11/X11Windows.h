@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Applications.h"
 #include "platform/Session.h"
 #include "platform/x11/X11Connection.h"
 
@@ -9,7 +10,8 @@ struct X11WindowManager;
 
 class X11Windows : public Windows {
 public:
-    explicit X11Windows(X11Connection& connection) : connection_(connection) {}
+    X11Windows(X11Connection& connection, Applications& applications)
+        : connection_(connection), applications_(applications) {}
 
     std::optional<std::vector<Window>> list() override;
     Outcome activate(std::uint32_t number) override;
@@ -23,6 +25,7 @@ private:
     Outcome goToWorkspaceOf(std::uint32_t number);
 
     X11Connection& connection_;
+    Applications& applications_;
 };
 
 } // namespace brimlow::platform

@@ -23,20 +23,22 @@ void expectRefusal(platform::Session& session, const QString& reason) {
 }
 
 TEST(X11Connection, TellsWhyAServerCannotBeReached) {
+    platform::GioApplications applications;
     QString reason;
-    EXPECT_EQ(platform::X11Session::connect("nowhere.invalid:77", reason), nullptr);
+    EXPECT_EQ(platform::X11Session::connect("nowhere.invalid:77", applications, reason), nullptr);
     EXPECT_EQ(reason, u"the X server \"nowhere.invalid:77\" cannot be reached"_s);
 
     qunsetenv("DISPLAY");
-    EXPECT_EQ(platform::X11Session::connect({}, reason), nullptr);
+    EXPECT_EQ(platform::X11Session::connect({}, applications, reason), nullptr);
     EXPECT_EQ(reason, u"DISPLAY names no X server"_s);
 }
 
 TEST(X11Connection, FailsWithAReasonOnceTheServerHasGone) {
     PrivateDesktop desktop(WindowManager::none);
     ASSERT_TRUE(desktop.start()) << desktop.error().toStdString();
+    platform::GioApplications applications;
     QString reason;
-    const auto session = platform::X11Session::connect(desktop.displayName(), reason);
+    const auto session = platform::X11Session::connect(desktop.displayName(), applications, reason);
     ASSERT_TRUE(session) << reason.toStdString();
     expectRefusal(*session, u"no window manager is running"_s);
     EXPECT_FALSE(session->connectionLost());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/applications/GioApplications.h"
 #include "platform/x11/X11Session.h"
 #include "tools/desktop/PrivateDesktop.h"
 
@@ -24,7 +25,7 @@ protected:
     void SetUp() override {
         ASSERT_TRUE(desktop.start()) << desktop.error().toStdString();
         QString reason;
-        session = platform::X11Session::connect(desktop.displayName(), reason);
+        session = platform::X11Session::connect(desktop.displayName(), applications, reason);
         ASSERT_TRUE(session) << reason.toStdString();
     }
 
@@ -63,6 +64,7 @@ protected:
     }
 
     PrivateDesktop desktop{GetParam()};
+    platform::GioApplications applications;
     std::unique_ptr<platform::X11Session> session;
 };
 

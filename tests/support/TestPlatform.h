@@ -4,6 +4,7 @@
 #include "platform/NSUserDefaults.h"
 #include "platform/Platform.h"
 #include "platform/Streams.h"
+#include "platform/simulated/SimulatedApplications.h"
 #include "platform/simulated/SimulatedInputDevices.h"
 #include "platform/simulated/SimulatedSession.h"
 #include "platform/simulated/VirtualTime.h"
@@ -44,9 +45,11 @@ struct TestPlatform {
         QStringLiteral("/usr/bin/brimlow"),
         {{QStringLiteral("CFBundleIdentifier"), QStringLiteral("org.brimlow.Brimlow")}}};
     platform::SimulatedInputDevices devices;
+    platform::SimulatedApplications applications{QStringLiteral("/home/user")};
     platform::SimulatedSession session;
     platform::NSUserDefaults defaults{folder.filePath(QStringLiteral("preferences.json")), log};
-    platform::Platform platform{time, time, log, defaults, bundle, devices, session};
+    platform::Platform platform{time,    time,         log,          defaults, bundle,
+                                devices, applications, applications, session};
 };
 
 } // namespace brimlow::test

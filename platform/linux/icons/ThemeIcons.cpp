@@ -1,0 +1,9 @@
+#include "platform/linux/icons/ThemeIcons.h"
+
+namespace brimlow::platform {
+
+QImage ThemeIcons::image(const QString&, int) {
+    return {};
+}
+
+} // namespace brimlow::platform
