@@ -14,18 +14,15 @@ using namespace Qt::StringLiterals;
 using namespace platform;
 
 QString ActionExecutor::execute(TapAction action, const std::optional<QString>& appName,
-                                const std::optional<QString>& /*windowTitle*/,
-                                std::optional<std::uint32_t> /*targetWindowID*/) {
+                                const std::optional<QString>& windowTitle,
+                                std::optional<std::uint32_t> targetWindowID) {
     const bool trusted = AXIsProcessTrusted();
     printLine(u"ActionExecutor: AXIsProcessTrusted = "_s + (trusted ? u"true"_s : u"false"_s));
     if (!trusted) {
         AXIsProcessTrustedWithOptions(AXTrustedCheckOptionPrompt::yes);
         return u"⚠️ Accessibility NOT granted — prompted user"_s;
     }
-    return perform(action, appName.value_or(QString()));
-}
-
-QString ActionExecutor::perform(TapAction action, const QString& appName) {
+    const QString application = appName.value_or(QString());
     switch (action) {
     case TapAction::none:
         return u"No action"_s;
@@ -39,9 +36,11 @@ QString ActionExecutor::perform(TapAction action, const QString& appName) {
         executeCloseWindow();
         return u"Closing window"_s;
     case TapAction::openApp:
-        return appName.isEmpty() ? u"No app name specified"_s : executeOpenApp(appName);
+        return application.isEmpty() ? u"No app name specified"_s : executeOpenApp(application);
     case TapAction::focusWindow:
-        return appName.isEmpty() ? u"No app specified"_s : executeFocusApp(appName);
+        return application.isEmpty()
+                   ? u"No app specified"_s
+                   : focusWindow(application, windowTitle.value_or(QString()), targetWindowID);
     case TapAction::hideAll:
         return executeHideAll();
     case TapAction::toggleBrimlow:

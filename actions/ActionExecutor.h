@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Observable.h"
 #include "profiles/TapAction.h"
 
 #include <QString>
@@ -9,24 +10,36 @@
 
 namespace brimlow {
 
-/// Performs the action of a binding through the session. Stateless; main thread.
+/// Performs the action of a binding through the session. Keeps no state; main thread.
 class ActionExecutor {
 public:
     /// Performs `action` and returns one line for the log that says what was done, or why not. The
-    /// three texts of the target matter to openApp (appName: a bundle identifier or a name) and to
-    /// focusWindow (appName: a bundle identifier) only.
+    /// last three matter to openApp (appName: a bundle identifier or a name) and to focusWindow
+    /// (appName: a bundle identifier) only. A window is focused later, once its application has
+    /// come to the front, unless this object is gone by then.
     QString execute(TapAction action, const std::optional<QString>& appName,
                     const std::optional<QString>& windowTitle,
                     std::optional<std::uint32_t> targetWindowID);
 
 private:
-    QString perform(TapAction action, const QString& appName);
     void executeCloseWindow();
     QString executeHideAll();
 
     // ApplicationLaunch.cpp
     QString executeOpenApp(const QString& name);
+    static std::optional<QString> findApplicationByName(const QString& name);
+    static QString applicationDisplayName(const QString& url);
     QString executeFocusApp(const QString& bundleId);
+
+    // WindowFocus.cpp
+    QString focusWindow(const QString& bundleId, const QString& windowTitle,
+                        std::optional<std::uint32_t> targetWindowID);
+    std::optional<QString> executeFocusByWindowID(std::uint32_t windowID, const QString& bundleId);
+
+    // WindowFocusByTitle.cpp
+    QString executeFocusWindow(const QString& bundleId, const QString& titleSubstring);
+
+    platform::Lifetime lifetime_;
 };
 
 } // namespace brimlow

@@ -10,8 +10,7 @@ using namespace platform;
 
 void CGEventHelper::switchDesktop(Direction direction) {
     const int arrowKey = direction == Direction::left ? 123 : 124;
-    runAppleScript(
-        u"tell application \"System Events\" to key code %1 using control down"_s.arg(arrowKey));
+    runAppleScript(keyWithControlSource.arg(arrowKey));
 }
 
 void CGEventHelper::runAppleScript(const QString& source) {

@@ -1,7 +1,6 @@
 #include "platform/NSAppleScript.h"
 
-#include "platform/Platform.h"
-#include "platform/Session.h"
+#include "platform/SystemEvents.h"
 
 #include <QRegularExpression>
 
@@ -10,10 +9,6 @@ namespace brimlow::platform {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int leftArrow = 123;
-constexpr int rightArrow = 124;
-constexpr int eventNotHandled = -10000; // the number of an Apple event that its receiver refused
 
 const QString messageKey = u"NSAppleScriptErrorMessage"_s;
 
@@ -56,25 +51,16 @@ QString NSAppleScriptError::description() const {
 }
 
 std::unique_ptr<NSAppleScript> NSAppleScript::initWithSource(const QString& source) {
-    static const QRegularExpression keyWithControl(
-        uR"(\Atell application "System Events" to key code (\d{1,3}) using control down\z)"_s);
-    const auto match = keyWithControl.match(source);
-    if (!match.hasMatch())
-        return nullptr;
-    return std::unique_ptr<NSAppleScript>(new NSAppleScript(match.captured(1).toInt()));
+    auto script = compileForSystemEvents(source);
+    return script ? std::unique_ptr<NSAppleScript>(new NSAppleScript(std::move(*script))) : nullptr;
 }
 
 std::optional<QString> NSAppleScript::executeAndReturnError(NSAppleScriptError& error) const {
-    auto& workspaces = Platform::current().session.workspaces();
-    Outcome outcome = Outcome::failure(u"the key has no meaning in this session"_s);
-    if (keyCode_ == leftArrow)
-        outcome = workspaces.step(Direction::left);
-    else if (keyCode_ == rightArrow)
-        outcome = workspaces.step(Direction::right);
-    if (outcome)
-        return QString();
-    error = NSAppleScriptError(eventNotHandled,
-                               u"System Events got an error: "_s + outcome.reason + u'.');
+    const auto answer = runInSystemEvents(script_);
+    if (answer.errorNumber == 0)
+        return answer.text;
+    error = NSAppleScriptError(answer.errorNumber,
+                               u"System Events got an error: "_s + answer.error + u'.');
     return std::nullopt;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/SystemEventsScripts.h"
+
 #include <QMap>
 #include <QString>
 
@@ -31,13 +33,14 @@ public:
     /// Null when the source does not compile.
     static std::unique_ptr<NSAppleScript> initWithSource(const QString& source);
 
-    /// Runs synchronously. Absent when it failed; `error` is filled then.
+    /// Runs synchronously and gives back the result as a text. Absent when it failed; `error` is
+    /// filled then.
     std::optional<QString> executeAndReturnError(NSAppleScriptError& error) const;
 
 private:
-    explicit NSAppleScript(int keyCode) : keyCode_(keyCode) {}
+    explicit NSAppleScript(SystemEventsScript script) : script_(std::move(script)) {}
 
-    int keyCode_; // pressed with Control held
+    SystemEventsScript script_;
 };
 
 } // namespace brimlow::platform

@@ -3,6 +3,8 @@
 #include <QJsonObject>
 #include <QString>
 
+#include <optional>
+
 namespace brimlow::platform {
 
 /// The installed program: where it stands and what packaging says of it.
@@ -11,6 +13,8 @@ public:
     /// The main bundle, read from "Info.json" beside the installed program's data where there is
     /// one.
     static NSBundle forApplicationAt(const QString& executablePath);
+
+    static std::optional<NSBundle> initWithURL(const QString& path);
 
     NSBundle(QString bundlePath, QJsonObject infoDictionary)
         : bundlePath_(std::move(bundlePath)), infoDictionary_(std::move(infoDictionary)) {}

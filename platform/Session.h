@@ -43,6 +43,8 @@ public:
     /// Bottom to top as they are stacked; absent when the session cannot be asked. What was asked
     /// for through this object counts as done.
     virtual std::optional<std::vector<Window>> list() = 0;
+    /// One of them, without asking for the others; absent when there is no such window.
+    virtual std::optional<Window> find(std::uint32_t number) = 0;
     /// Un-hides, goes to its workspace, raises it and gives it the focus.
     virtual Outcome activate(std::uint32_t number) = 0;
     virtual Outcome raise(std::uint32_t number) = 0;

@@ -23,6 +23,7 @@ public:
 
 private:
     std::optional<std::vector<Window>> list() override { return std::nullopt; }
+    std::optional<Window> find(std::uint32_t) override { return std::nullopt; }
     Outcome activate(std::uint32_t) override { return refusal(); }
     Outcome raise(std::uint32_t) override { return refusal(); }
     Outcome unhide(std::uint32_t) override { return refusal(); }

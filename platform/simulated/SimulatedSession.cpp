@@ -36,15 +36,24 @@ void SimulatedSession::setWorkspaces(int count, int current) {
 Abilities SimulatedSession::abilities() {
     return {.sessionName = u"simulated"_s,
             .controlsWindows = trusted_,
-            .readsTitles = trusted_,
+            .readsTitles = trusted_ && readsTitles_,
             .switchesWorkspaces = trusted_,
             .missing = trusted_ ? QString() : u"The simulated world does not trust us."_s};
 }
 
 std::optional<std::vector<Window>> SimulatedSession::list() {
-    if (std::exchange(failNextList_, false))
+    if (listsUntilFailure_ >= 0 && listsUntilFailure_-- == 0)
         return std::nullopt;
-    return windows_;
+    auto windows = windows_;
+    for (auto& window : windows)
+        if (!readsTitles_)
+            window.title.clear();
+    return windows;
+}
+
+std::optional<Window> SimulatedSession::find(std::uint32_t number) {
+    const auto found = std::ranges::find(windows_, number, &Window::number);
+    return found == windows_.end() ? std::nullopt : std::optional(*found);
 }
 
 void SimulatedSession::focus(std::uint32_t number) {

@@ -25,7 +25,10 @@ public:
     Window& window(std::uint32_t number);
     void setWorkspaces(int count, int current);
     void setTrusted(bool trusted) { trusted_ = trusted; }
-    void failNextWindowList() { failNextList_ = true; }
+    void setReadsTitles(bool readsTitles) { readsTitles_ = readsTitles; }
+    void failNextWindowList() { failWindowListAfter(0); }
+    /// The list fails once, after it was read `times` more times.
+    void failWindowListAfter(int times) { listsUntilFailure_ = times; }
     /// Requests to hide windows of this application are refused from now on.
     void refuseHiding(const QString& applicationId) { unhideable_ = applicationId; }
 
@@ -41,6 +44,7 @@ public:
 
 private:
     std::optional<std::vector<Window>> list() override;
+    std::optional<Window> find(std::uint32_t number) override;
     Outcome activate(std::uint32_t number) override;
     Outcome raise(std::uint32_t number) override;
     Outcome unhide(std::uint32_t number) override;
@@ -62,7 +66,8 @@ private:
     int workspaceCount_ = 4;
     int currentWorkspace_ = 0;
     bool trusted_ = true;
-    bool failNextList_ = false;
+    bool readsTitles_ = true;
+    int listsUntilFailure_ = -1;
     QString unhideable_;
     QStringList journal_;
 };

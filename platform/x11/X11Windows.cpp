@@ -68,6 +68,18 @@ std::optional<std::vector<Window>> X11Windows::list() {
     return windows;
 }
 
+std::optional<Window> X11Windows::find(std::uint32_t number) {
+    if (!check(number))
+        return std::nullopt;
+    X11PropertyRequest activeRequest(connection_, connection_.root(), Atom::netActiveWindow);
+    X11WindowRequest request(connection_, number);
+    const bool active = activeRequest.takeValue(XCB_ATOM_WINDOW) == number;
+    auto window = request.take(*applications_.catalogue());
+    if (window)
+        window->active = active;
+    return window;
+}
+
 Outcome X11Windows::check(std::uint32_t number) {
     if (connection_.lost() || !runningWindowManager(connection_))
         return noWindowManager(connection_);

@@ -14,6 +14,7 @@ public:
         : connection_(connection), applications_(applications) {}
 
     std::optional<std::vector<Window>> list() override;
+    std::optional<Window> find(std::uint32_t number) override;
     Outcome activate(std::uint32_t number) override;
     Outcome raise(std::uint32_t number) override;
     Outcome unhide(std::uint32_t number) override;

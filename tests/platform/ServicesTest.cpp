@@ -38,10 +38,18 @@ TEST(AppleScript, CompilesWhatThisProgramSendsAndNothingElse) {
     };
     const QString right =
         u"tell application \"System Events\" to key code 124 using control down"_s;
-    for (const Row& row : {Row{right, true}, Row{right + u'\n', false}, Row{u' ' + right, false},
-                           Row{QString(right).replace(u"124"_s, u"-1"_s), false},
-                           Row{QString(right).replace(u"control"_s, u"command"_s), false},
-                           Row{right + u"\ndo shell script \"true\""_s, false}, Row{{}, false}})
+    for (const Row& row :
+         {Row{right, true}, Row{right + u'\n', false}, Row{u' ' + right, false},
+          Row{QString(right).replace(u"124"_s, u"-1"_s), false},
+          Row{QString(right).replace(u"control"_s, u"command"_s), false},
+          Row{right + u"\ndo shell script \"true\""_s, false}, Row{{}, false},
+          Row{focusWindowSource.arg(u""_s, u"%1 a\nb \\\\ \\\" %2"_s), true},
+          Row{focusWindowSource.arg(u"a"_s, u"\" & (do shell script \"x\") & \""_s), false},
+          Row{focusWindowSource.arg(u"a"_s, u"a\\n"_s), false},
+          Row{focusWindowSource.arg(u"a"_s, u"b\\"_s), false},
+          Row{focusWindowSource.arg(u"a"_s, u"b"_s) + u'\n', false},
+          Row{dumpWindowsSource.arg(u"a"_s), true},
+          Row{dumpWindowsSource.arg(u"a"_s).replace(u"set out"_s, u"set it"_s), false}})
         EXPECT_EQ(NSAppleScript::initWithSource(row.source) != nullptr, row.compiles)
             << row.source.toStdString();
 }
