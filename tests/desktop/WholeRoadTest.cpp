@@ -1,11 +1,4 @@
-// From the fingers on a kernel device to what the window manager says: the real program on a real
-// desktop, with preferences of its own.
-
-#include "tests/desktop/X11Desktop.h"
-#include "tools/desktop/BrimlowProgram.h"
-#include "tools/desktop/ScratchPreferences.h"
-#include "tools/mocked/MockedPad.h"
-#include "tools/recording/PadScript.h"
+#include "tests/desktop/WholeRoad.h"
 
 #include <csignal>
 
@@ -23,41 +16,16 @@ constexpr PadPoint top{0.5, 0.9};
 constexpr PadPoint corner{0.05, 0.95};
 constexpr PadPoint bottom{0.5, 0.1};
 
-class WholeRoad : public X11Desktop {
-protected:
-    void SetUp() override {
-        X11Desktop::SetUp();
-        auto click = bindingAt(u"click"_s, bottom.x, bottom.y, TapAction::switchDesktopRight);
-        click.requireClick = true;
-        writePreferences(desktop.environment(),
-                         {bindingAt(u"right"_s, right.x, right.y, TapAction::switchDesktopRight),
-                          bindingAt(u"left"_s, left.x, left.y, TapAction::switchDesktopLeft),
-                          bindingAt(u"close"_s, top.x, top.y, TapAction::closeWindow),
-                          bindingAt(u"hide"_s, corner.x, corner.y, TapAction::hideAll), click});
-        auto environment = desktop.environment();
-        for (const auto& [name, value] : input.environment())
-            environment.insert(QString::fromStdString(name), QString::fromStdString(value));
-        program.emplace(environment);
-        ASSERT_EQ(program->start(), QString());
-        ASSERT_TRUE(says(u"click detection active"_s));
-    }
-
-    bool says(const QString& line) { return !program->waitForLine(line, 10000).isEmpty(); }
-
-    /// After a pause, because two taps within 0.3 s count as one.
-    void tap(PadPoint point, double pause = 0.35) {
-        pad.play(PadScript().tap(point, pause).events());
-    }
-
-    platform::MockedInput input;
-    platform::MockedPad pad{input, platform::ordinaryTrackpad(), 5};
-    std::optional<BrimlowProgram> program;
-};
-
 INSTANTIATE_TEST_SUITE_P(On, WholeRoad,
                          testing::Values(WindowManager::openbox, WindowManager::xfwm4), nameOf);
 
 TEST_P(WholeRoad, TapsMoveCloseAndHide) {
+    auto click = bindingAt(u"click"_s, bottom.x, bottom.y, TapAction::switchDesktopRight);
+    click.requireClick = true;
+    start({bindingAt(u"right"_s, right.x, right.y, TapAction::switchDesktopRight),
+           bindingAt(u"left"_s, left.x, left.y, TapAction::switchDesktopLeft),
+           bindingAt(u"close"_s, top.x, top.y, TapAction::closeWindow),
+           bindingAt(u"hide"_s, corner.x, corner.y, TapAction::hideAll), click});
     const auto editor = desktop.openWindow(u"mousepad"_s);
     const auto terminal = openTerminal(u"work"_s);
     ASSERT_TRUE(becomesActive(terminal));
@@ -87,6 +55,7 @@ TEST_P(WholeRoad, TapsMoveCloseAndHide) {
 }
 
 TEST_P(WholeRoad, EndsWithOneLineWhenTheServerGoes) {
+    start({});
     ASSERT_EQ(::kill(static_cast<pid_t>(desktop.serverPid()), SIGKILL), 0);
     EXPECT_TRUE(says(u"the X server went away"_s));
     EXPECT_EQ(program->waitForEnd(), 1);

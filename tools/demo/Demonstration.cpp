@@ -29,13 +29,10 @@ Demonstration::Demonstration(QString program, QString recording, QString picture
 QString Demonstration::prepare() {
     if (!desktop_.start())
         return desktop_.error();
-    for (const QString& application : {u"xterm"_s, u"mousepad"_s, u"galculator"_s}) {
-        window_ = desktop_.openWindow(application);
-        if (window_ == 0)
-            return desktop_.error();
-    }
+    if (const QString why = openWindows(); !why.isEmpty())
+        return why;
     QDir().mkpath(pictureFolder_);
-    writePreferences(desktop_.environment(), demoBindings());
+    writePreferences(desktop_.environment(), demoBindings(windows_));
 
     auto environment = desktop_.environment();
     environment.insert(u"BRIMLOW_TOUCH_DEVICE"_s, recording_);
@@ -50,9 +47,29 @@ QString Demonstration::prepare() {
     return {};
 }
 
+QString Demonstration::openWindows() {
+    windows_.build = openTerminal(u"build — release.log"_s, 2);
+    windows_.inbox = openTerminal(u"Inbox — Work"_s, 3);
+    windows_.editor = desktop_.openWindow(u"mousepad"_s);
+    windows_.shell = openTerminal(u"shell"_s, 0);
+    return windows_.build && windows_.inbox && windows_.editor && windows_.shell ? QString()
+                                                                                 : desktop_.error();
+}
+
+std::uint32_t Demonstration::openTerminal(const QString& title, int workspace) {
+    const auto number = desktop_.openWindow(u"xterm"_s, {u"-T"_s, title});
+    desktop_.run(u"wmctrl"_s,
+                 {u"-i"_s, u"-r"_s, QString::number(number), u"-t"_s, QString::number(workspace)});
+    const bool moved = desktop_.waitFor([&](const DesktopState& now) {
+        const auto* window = now.window(number);
+        return window && window->workspace == workspace;
+    });
+    return moved ? number : 0;
+}
+
 std::vector<DemoResult> Demonstration::run() {
     std::vector<DemoResult> results;
-    for (const DemoStep& step : demoSteps()) {
+    for (const DemoStep& step : demoSteps(windows_)) {
         results.push_back(runStep(step));
         takePicture(QString::number(results.size()) + u' ' + step.gesture);
         if (brimlow_->pid() == 0)
@@ -73,7 +90,8 @@ DemoResult Demonstration::runStep(const DemoStep& step) {
     // Nothing else may have been done on the way there.
     const auto said = brimlow_->lines().sliced(firstLine);
     result.logged = result.logged && std::ranges::none_of(said, [&](const QString& line) {
-                        return line.contains(u"matched '"_s) && !line.contains(step.logLine);
+                        return line.contains(u"matched '"_s)
+                               && !line.contains(u"matched '%1'"_s.arg(step.gesture));
                     });
 
     desktop_.waitFor(
@@ -92,8 +110,9 @@ void Demonstration::focusApplication() {
     const auto* active = now ? now->window(now->activeWindow) : nullptr;
     if (!active || active->pid != brimlow_->pid())
         return;
-    desktop_.run(u"wmctrl"_s, {u"-i"_s, u"-a"_s, QString::number(window_)});
-    desktop_.waitFor([&](const DesktopState& state) { return state.activeWindow == window_; });
+    desktop_.run(u"wmctrl"_s, {u"-i"_s, u"-a"_s, QString::number(windows_.shell)});
+    desktop_.waitFor(
+        [&](const DesktopState& state) { return state.activeWindow == windows_.shell; });
 }
 
 DesktopState Demonstration::applicationsState() const {

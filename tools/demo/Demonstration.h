@@ -24,7 +24,7 @@ class Demonstration {
 public:
     Demonstration(QString program, QString recording, QString pictureFolder);
 
-    /// Opens the desktop, two applications and the program; empty, or why that fails.
+    /// Opens the desktop, some windows and the program; empty, or why that fails.
     QString prepare();
     /// Follows the recording to its end, or to the program's. Takes as long as the recording.
     std::vector<DemoResult> run();
@@ -32,6 +32,8 @@ public:
     bool finish();
 
 private:
+    QString openWindows();
+    std::uint32_t openTerminal(const QString& title, int workspace);
     DemoResult runStep(const DemoStep& step);
     void focusApplication();
     /// Without the program's own windows.
@@ -43,7 +45,7 @@ private:
     QString recording_;
     QString pictureFolder_;
     std::optional<BrimlowProgram> brimlow_;
-    std::uint32_t window_ = 0; // the one that the user is working in
+    DemoWindows windows_;
     QElapsedTimer sinceStart_;
 };
 

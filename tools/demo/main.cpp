@@ -39,7 +39,7 @@ int demonstrate(const QString& program, const QString& recording, const QString&
         say(u"The program did not end when it was asked to."_s);
     const auto successes = std::ranges::count_if(
         results, [](const DemoResult& result) { return result.logged && result.happened; });
-    const auto failures = static_cast<long>(demoSteps().size()) - successes;
+    const auto failures = static_cast<long>(demoSteps({}).size()) - successes;
     say(failures == 0 ? u"All of it really happened."_s
                       : u"%1 of it did not happen."_s.arg(failures));
     return failures == 0 && ended ? 0 : 1;

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "tests/desktop/X11Desktop.h"
+#include "tools/desktop/BrimlowProgram.h"
+#include "tools/desktop/ScratchPreferences.h"
+#include "tools/mocked/MockedPad.h"
+#include "tools/recording/PadScript.h"
+
+namespace brimlow::desktop {
+
+/// From the fingers on a kernel device to what the window manager says: the real program on a real
+/// desktop, with preferences of its own.
+class WholeRoad : public X11Desktop {
+protected:
+    void start(const std::vector<TapPositionMapping>& bindings) {
+        writePreferences(desktop.environment(), bindings);
+        auto environment = desktop.environment();
+        for (const auto& [name, value] : input.environment())
+            environment.insert(QString::fromStdString(name), QString::fromStdString(value));
+        program.emplace(environment);
+        ASSERT_EQ(program->start(), QString());
+        ASSERT_TRUE(says(QStringLiteral("click detection active")));
+    }
+
+    bool says(const QString& line) { return !program->waitForLine(line, 10000).isEmpty(); }
+
+    /// After a pause, because two taps within 0.3 s count as one.
+    void tap(platform::PadPoint point, double pause = 0.35) {
+        pad.play(platform::PadScript().tap(point, pause).events());
+    }
+
+    platform::MockedInput input;
+    platform::MockedPad pad{input, platform::ordinaryTrackpad(), 5};
+    std::optional<BrimlowProgram> program;
+};
+
+} // namespace brimlow::desktop
