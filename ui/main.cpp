@@ -11,6 +11,7 @@
 #include "ui/BrimlowApp.h"
 
 #include <QCoreApplication>
+#include <QThreadPool>
 
 #include <csignal>
 #include <cstdio>
@@ -31,7 +32,7 @@ int main(int argc, char* argv[]) {
     auto bundle = platform::NSBundle::forApplicationAt(QCoreApplication::applicationFilePath());
     platform::EvdevInputDevices inputDevices;
     platform::GioApplications applications;
-    platform::ThemeIcons icons;
+    platform::ThemeIcons icons(clock);
     const auto session = platform::chooseSession(applications, [](const QString& reason) {
         platform::printErrorLine(QStringLiteral("Brimlow: %1, so Brimlow ends").arg(reason));
         QCoreApplication::exit(1);
@@ -40,5 +41,7 @@ int main(int argc, char* argv[]) {
                                       applications, icons, *session);
     BrimlowApp brimlow;
     brimlow.start();
-    return QCoreApplication::exec();
+    const int result = QCoreApplication::exec();
+    QThreadPool::globalInstance()->waitForDone(); // what runs there looks at the platform
+    return result;
 }
