@@ -23,16 +23,20 @@ NSBundle NSBundle::forApplicationAt(const QString& executablePath) {
 }
 
 std::optional<NSBundle> NSBundle::initWithURL(const QString& path) {
-    const auto c = Platform::current().applications.catalogue();
-    const auto* e = c->bundles().entryAt(path);
-    if (!e)
+    const QString bundlePath = path.endsWith(u'/') ? path.chopped(1) : path;
+    const auto catalogue = Platform::current().applications.catalogue();
+    const auto* entry = catalogue->bundles().entryAt(bundlePath);
+    if (!entry)
         return std::nullopt;
-    QJsonObject o{{u"CFBundleIdentifier"_s, e->id},
-                  {u"CFBundleDisplayName"_s, e->name},
-                  {u"CFBundleName"_s, e->plainName}};
-    if (!e->executable.isEmpty())
-        o.insert(u"CFBundleExecutable"_s, e->executable);
-    return NSBundle(path, o);
+    QJsonObject dictionary{{u"CFBundleDisplayName"_s, entry->name},
+                           {u"CFBundleName"_s, entry->plainName}};
+    for (const auto& [key, value] : {std::pair(u"CFBundleIdentifier"_s, entry->id),
+                                     std::pair(u"CFBundleExecutable"_s, entry->executable),
+                                     std::pair(u"CFBundleIconFile"_s, entry->icon)}) {
+        if (!value.isEmpty())
+            dictionary.insert(key, value);
+    }
+    return NSBundle(bundlePath, dictionary);
 }
 
 QString NSBundle::bundleIdentifier() const {

@@ -1,20 +1,21 @@
 #pragma once
-#include "platform/Applications.h"
-#include "platform/Platform.h"
 
 #include <QStringList>
 
 #include <optional>
+
 namespace brimlow::platform {
+
+/// The file system as far as it shows installed applications: folders with application bundles in
+/// them, read-only. A bundle counts as a directory with nothing in it; nothing else exists. Any
+/// thread.
 class NSFileManager {
 public:
-    static std::optional<QStringList> contentsOfDirectory(const QString& p) {
-        const auto c = Platform::current().applications.catalogue();
-        return c->bundles().isFolder(p) ? std::optional(c->bundles().contents(p)) : std::nullopt;
-    }
-    static bool fileExists(const QString& p, bool& d) {
-        const auto c = Platform::current().applications.catalogue();
-        return d = c->bundles().isFolder(p) || c->bundles().entryAt(p);
-    }
+    /// Names, sorted; absent for what does not exist.
+    static std::optional<QStringList> contentsOfDirectory(const QString& path);
+    static bool fileExists(const QString& path);
+    static bool fileExists(const QString& path, bool& isDirectory);
+    static QString homeDirectoryForCurrentUser();
 };
+
 } // namespace brimlow::platform

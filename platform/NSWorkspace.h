@@ -2,7 +2,7 @@
 
 #include "platform/NSRunningApplication.h"
 
-#include <QString>
+#include <QImage>
 
 #include <optional>
 #include <vector>
@@ -22,6 +22,8 @@ public:
     /// Brings the application at that place to the front, and starts it when it does not run.
     /// Returns at once; a start that fails is told on standard error. Main thread.
     static void openApplicationAtURL(const QString& path);
+    /// The icon of the application at that place, as Icons::image has it. Any thread.
+    static QImage iconForFile(const QString& path, int points);
 };
 
 } // namespace brimlow::platform

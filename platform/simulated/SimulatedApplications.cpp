@@ -11,18 +11,23 @@ void SimulatedApplications::install(DesktopEntry entry) {
     if (entry.name.isEmpty())
         entry.name = entry.plainName;
     entries_.push_back(std::move(entry));
+    catalogue_.reset();
 }
 
 void SimulatedApplications::remove(const QString& id) {
     const std::lock_guard lock(mutex_);
     std::erase_if(entries_, [&](const DesktopEntry& entry) { return entry.id == id; });
+    catalogue_.reset();
 }
 
 std::shared_ptr<const ApplicationCatalogue> SimulatedApplications::catalogue() {
     const std::lock_guard lock(mutex_);
-    auto entries = entries_;
-    std::ranges::stable_partition(entries, &DesktopEntry::userOwned);
-    return std::make_shared<const ApplicationCatalogue>(std::move(entries), home_);
+    if (!catalogue_) {
+        auto entries = entries_;
+        std::ranges::stable_partition(entries, &DesktopEntry::userOwned);
+        catalogue_ = std::make_shared<const ApplicationCatalogue>(std::move(entries), home_);
+    }
+    return catalogue_;
 }
 
 Outcome SimulatedApplications::launch(const QString& id, Startup& startup) {

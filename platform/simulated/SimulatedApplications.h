@@ -32,6 +32,8 @@ private:
     QString home_;
     std::mutex mutex_;
     std::vector<DesktopEntry> entries_;
+    std::shared_ptr<const ApplicationCatalogue>
+        catalogue_; // of the entries; null when they changed
     bool failNext_ = false;
     QStringList launches_;
 };
