@@ -60,11 +60,13 @@ const QStringList& InstalledAppsProvider::scanRoots() {
 void InstalledAppsProvider::reload() {
     isLoading = true;
     QThreadPool::globalInstance()->start([self = shared_from_this()]() mutable {
-        // The reference moves on with the result: the last one is never given up on this thread.
+        // The reference moves on with the result and ends there: the queue may drop the work itself
+        // on this thread, which must not be the one to destroy the provider.
         Platform::current().mainQueue.async(
             [self = std::move(self), found = scan(scanRoots())]() mutable {
-                self->apps = std::move(found);
-                self->isLoading = false;
+                const auto provider = std::move(self);
+                provider->apps = std::move(found);
+                provider->isLoading = false;
             });
     });
 }
