@@ -40,15 +40,16 @@ ApplicationBundles::ApplicationBundles(const std::vector<DesktopEntry>& entries,
 
 void ApplicationBundles::add(const DesktopEntry& shown, const DesktopEntry& effective,
                              const QString& folder) {
-    const QString known = paths_.value(shown.id);
-    if (&shown != &effective && known.startsWith(folder + u'/'))
+    const std::pair place(folder, shown.id);
+    if (&shown != &effective && placed_.contains(place))
         return; // the folder has it already
+    placed_.insert(place);
     QString name = fileName(shown);
     while (entries_.contains(folder + u'/' + name + u".app"_s))
         name += u" ("_s + shown.id + u')';
     const QString path = folder + u'/' + name + u".app"_s;
     entries_.insert(path, &effective);
-    if (&shown == &effective || known.isEmpty())
+    if (&shown == &effective || !paths_.contains(shown.id))
         paths_.insert(shown.id, path);
     if (effective.listed && shown.listed)
         folders_[folder] << name + u".app"_s;

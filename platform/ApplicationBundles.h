@@ -3,6 +3,7 @@
 #include "platform/DesktopEntry.h"
 
 #include <QHash>
+#include <QSet>
 #include <QStringList>
 
 #include <vector>
@@ -34,6 +35,7 @@ private:
     QHash<QString, QStringList> folders_;
     QHash<QString, const DesktopEntry*> entries_;
     QHash<QString, QString> paths_;
+    QSet<std::pair<QString, QString>> placed_; // folder and id
 };
 
 } // namespace brimlow::platform

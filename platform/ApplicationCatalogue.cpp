@@ -23,12 +23,12 @@ ApplicationCatalogue::ApplicationCatalogue(std::vector<DesktopEntry> entries, co
     for (const auto& entry : entries_) {
         if (claim(byId_, entry.id, entry))
             inOrder.push_back(&entry);
+        claim(byFile_, entry.file, *find(entry.id));
     }
     // Those that menus show come before the others.
     std::ranges::stable_partition(inOrder, &DesktopEntry::listed);
     for (const auto* entry : inOrder) {
         claim(byFoldedId_, entry->id.toCaseFolded(), *entry);
-        claim(byFile_, entry->file, *entry);
         if (!entry->startupWmClass.isEmpty())
             claim(byWmClass_, entry->startupWmClass, *entry);
         // A program that runs several applications tells nothing of which.

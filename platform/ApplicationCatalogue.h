@@ -26,6 +26,7 @@ public:
     const DesktopEntry* findIgnoringCase(const QString& id) const;
     /// The entry that claims windows of this class; among several the one that menus show.
     const DesktopEntry* findByWmClass(const QString& wmClass) const;
+    /// Also from the file of one that does not count: the one that counts.
     const DesktopEntry* findByFile(const QString& desktopFile) const;
     /// The one entry that runs this program; null also when several do.
     const DesktopEntry* findByProgram(const QString& canonicalPath) const;
