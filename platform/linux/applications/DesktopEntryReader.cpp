@@ -18,7 +18,7 @@ namespace {
 constexpr off_t sizeLimit = 1 << 20; // bytes; entries in a hundred languages have some 30 000
 
 EntryReading broken(QString complaint) {
-    return {.entry = {}, .complaint = std::move(complaint)};
+    return {.complaint = std::move(complaint)};
 }
 
 EntryReading noApplication() {
@@ -83,23 +83,6 @@ bool busActivated(const EntryKeys& keys, const EntryFile& file) {
            && g_dbus_is_name(info.completeBaseName().toUtf8().constData());
 }
 
-/// Fills in what the Exec line says; the complaint when it cannot be run.
-EntryReading withProgram(const EntryKeys& keys, DesktopEntry entry) {
-    const QString exec = keys.text(G_KEY_FILE_DESKTOP_KEY_EXEC);
-    char** list = nullptr;
-    if (!g_shell_parse_argv(exec.toUtf8().constData(), nullptr, &list, nullptr))
-        return broken(u"its Exec line cannot be understood"_s);
-    const TextListPointer arguments(list);
-    const QString name = QFile::decodeName(arguments.get()[0]);
-    const QString folder = keys.text(G_KEY_FILE_DESKTOP_KEY_PATH);
-    const QString program = findProgram(name, folder);
-    if (program.isEmpty())
-        return {{}, u"there is no program \"%1\""_s.arg(name), name, folder};
-    entry.executable = QFileInfo(name).fileName();
-    entry.program = tellingProgram(program);
-    return {.entry = std::move(entry)};
-}
-
 DesktopEntry describe(const EntryKeys& keys, const EntryFile& file) {
     DesktopEntry entry;
     entry.id = file.id;
@@ -114,22 +97,37 @@ DesktopEntry describe(const EntryKeys& keys, const EntryFile& file) {
     return entry;
 }
 
-EntryReading readApplication(const EntryKeys& keys, const EntryFile& file) {
+/// Why GIO takes the file for no application.
+EntryReading refused(const EntryKeys& keys) {
     const QString tryExec = keys.text(G_KEY_FILE_DESKTOP_KEY_TRY_EXEC);
-    const QString folder = keys.text(G_KEY_FILE_DESKTOP_KEY_PATH);
-    if (!tryExec.isEmpty() && findProgram(tryExec, folder).isEmpty())
-        return {{}, {}, tryExec, folder};
+    if (!tryExec.isEmpty() && findProgram(tryExec).isEmpty())
+        return {.missingProgram = tryExec};
+    const QString exec = keys.text(G_KEY_FILE_DESKTOP_KEY_EXEC);
+    char** list = nullptr;
+    if (!g_shell_parse_argv(exec.toUtf8().constData(), nullptr, &list, nullptr))
+        return broken(u"its Exec line cannot be understood"_s);
+    const TextListPointer arguments(list);
+    const QString program = QFile::decodeName(arguments.get()[0]);
+    if (findProgram(program).isEmpty())
+        return {.complaint = u"there is no program \"%1\""_s.arg(program),
+                .missingProgram = program};
+    return broken(u"GIO does not accept it"_s);
+}
 
+EntryReading readApplication(const EntryKeys& keys, const EntryFile& file) {
+    const auto info = keys.appInfo();
+    if (!info)
+        return refused(keys);
     DesktopEntry entry = describe(keys, file);
     if (entry.plainName.isEmpty())
         return broken(u"it has no name"_s);
-    const bool runs = !keys.text(G_KEY_FILE_DESKTOP_KEY_EXEC).isEmpty();
-    if (!runs && !busActivated(keys, file))
+    const QString program = QFile::decodeName(g_app_info_get_executable(G_APP_INFO(info.get())));
+    if (program.isEmpty() && !busActivated(keys, file))
         return broken(u"it has no Exec line"_s);
-    const auto info = keys.appInfo();
-    entry.listed = info && g_app_info_should_show(G_APP_INFO(info.get()));
-    auto reading = runs ? withProgram(keys, std::move(entry)) : EntryReading{std::move(entry)};
-    return reading.entry && !info ? broken(u"GIO does not accept it"_s) : reading;
+    entry.executable = QFileInfo(program).fileName();
+    entry.program = tellingProgram(findProgram(program));
+    entry.listed = g_app_info_should_show(G_APP_INFO(info.get()));
+    return {.entry = std::move(entry)};
 }
 
 } // namespace

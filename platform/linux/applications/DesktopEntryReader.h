@@ -12,7 +12,6 @@ struct EntryReading {
     std::optional<DesktopEntry> entry = {}; // absent when the file stands for no application
     QString complaint = {};                 // where it is broken: one clause
     QString missingProgram = {};            // the program, as the file names it, that it waits for
-    QString workingFolder = {};             // where that is relative to
 };
 
 /// Reads a desktop entry. Any thread.

@@ -2,6 +2,7 @@
 
 #include "platform/linux/applications/LaunchContext.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <gio/gdesktopappinfo.h>
@@ -64,13 +65,13 @@ Outcome launchEntry(const DesktopEntry& entry, Startup& startup) {
     const TextPointer folder(
         g_desktop_app_info_get_string(info.get(), G_KEY_FILE_DESKTOP_KEY_PATH));
     const bool hasFolder = folder && *folder;
+    QByteArray home = QFile::encodeName(QDir::homePath());
     const auto flags =
         GSpawnFlags(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL);
     GError* error = nullptr;
     const bool started = g_desktop_app_info_launch_uris_as_manager_with_fds(
-        info.get(), nullptr, context.get(), flags, prepareChild,
-        hasFolder ? nullptr : const_cast<char*>(g_get_home_dir()), nullptr, nullptr, -1, -1, -1,
-        &error);
+        info.get(), nullptr, context.get(), flags, prepareChild, hasFolder ? nullptr : home.data(),
+        nullptr, nullptr, -1, -1, -1, &error);
     const ErrorPointer failure(error);
     return started ? Outcome::success() : Outcome::failure(clause(*failure));
 }

@@ -15,8 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 bool programHasCome(const EntryReading& reading) {
-    return !reading.missingProgram.isEmpty()
-           && !findProgram(reading.missingProgram, reading.workingFolder).isEmpty();
+    return !reading.missingProgram.isEmpty() && !findProgram(reading.missingProgram).isEmpty();
 }
 
 /// One line of text, whatever the file is called.

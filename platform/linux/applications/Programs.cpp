@@ -2,7 +2,7 @@
 
 #include "platform/linux/applications/GioPointers.h"
 
-#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -33,10 +33,8 @@ QStringView withoutVersion(QStringView name) {
 
 } // namespace
 
-QString findProgram(const QString& name, const QString& workingFolder) {
-    const bool relative = name.contains(u'/') && !workingFolder.isEmpty();
-    const QString wanted = relative ? QDir(workingFolder).filePath(name) : name;
-    const TextPointer found(g_find_program_in_path(QFile::encodeName(wanted).constData()));
+QString findProgram(const QString& name) {
+    const TextPointer found(g_find_program_in_path(QFile::encodeName(name).constData()));
     return QFile::decodeName(found.get());
 }
 

@@ -1,4 +1,5 @@
 #include "platform/ApplicationCatalogue.h"
+
 #include "tests/support/Printing.h"
 
 #include <gtest/gtest.h>
@@ -73,11 +74,10 @@ TEST(ApplicationCatalogue, FindsByEachKindOfEvidence) {
     auto table = entry(u"office.table"_s, u"Table"_s);
     auto draw = entry(u"office.draw"_s, u"Draw"_s);
     writer.program = table.program = draw.program = u"/opt/office"_s;
-    const ApplicationCatalogue catalogue(
-        {userEntry(u"mail"_s, u"Mail"_s, u"/u/mail.desktop"_s),
-         entry(u"mail"_s, u"Mail"_s, u"/s/mail.desktop"_s), unlisted, terminal, writer, table,
-         draw},
-        home);
+    const ApplicationCatalogue catalogue({userEntry(u"mail"_s, u"Mail"_s, u"/u/mail.desktop"_s),
+                                          entry(u"mail"_s, u"Mail"_s, u"/s/mail.desktop"_s),
+                                          unlisted, terminal, writer, table, draw},
+                                         home);
     EXPECT_TRUE(catalogue.find(u"mail"_s)->userOwned);
     EXPECT_EQ(catalogue.findByFile(u"/s/mail.desktop"_s), catalogue.find(u"mail"_s));
     EXPECT_EQ(catalogue.find(u"office.writer"_s), nullptr);

@@ -51,13 +51,10 @@ struct Witness {
 class Launch : public testing::Test {
 protected:
     void SetUp() override {
-        const QByteArray path = QFile::encodeName(world.folder.filePath(u"witness"_s));
-        ASSERT_EQ(mkfifo(path.constData(), 0600), 0);
-        pipe = open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-        qputenv("BRIMLOW_WITNESS", path);
+        ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+        qputenv("BRIMLOW_WITNESS", pipe);
         qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
     }
-    void TearDown() override { close(pipe); }
 
     Outcome launch(const QByteArray& exec, const QByteArray& keys = {}) {
         const QString file = world.folder.filePath(u"applications/x.desktop"_s);
@@ -71,49 +68,47 @@ protected:
     /// Waits until a launched witness has told all.
     Witness told() const {
         QByteArray text;
-        pollfd wanted{pipe, POLLIN, 0};
+        pollfd wanted{open(pipe.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC), POLLIN, 0};
         while (poll(&wanted, 1, 10'000) == 1) {
             char buffer[65536];
-            const auto count = read(pipe, buffer, sizeof buffer);
+            const auto count = read(wanted.fd, buffer, sizeof buffer);
             if (count <= 0)
                 break;
             text.append(buffer, count);
         }
+        close(wanted.fd);
         return {text.split('\0')};
     }
 
     TestPlatform world;
     Tokens tokens;
     GioApplications applications{{{world.folder.path(), false}}};
-    int pipe = -1;
+    QByteArray pipe = world.folder.filePath(u"witness"_s).toUtf8();
 };
 
 TEST_F(Launch, GivesHostileLinesToTheProgramAsTheyAre) {
     const QByteArray canary = world.folder.filePath(u"canary"_s).toUtf8();
     const QByteArray longText(100'000, 'x');
-    using List = QList<QByteArray>;
     const struct {
         QByteArray line;
-        List arguments;
+        QByteArray arguments; // a line for each
     } rows[] = {
-        {"; touch " + canary, {";", "touch", canary}},
+        {"; touch " + canary, ";\ntouch\n" + canary},
         {"&& touch " + canary + " | sh > " + canary,
-         {"&&", "touch", canary, "|", "sh", ">", canary}},
-        {"$(touch " + canary + ") $HOME ~", {"$(touch", canary + ")", "$HOME", "~"}},
-        {"`touch " + canary + "`", {"`touch", canary + "`"}},
-        {"\"\\\\$(touch " + canary + ")\" 'a b'", {"$(touch " + canary + ")", "a b"}},
-        {"%f %F %u %U %d %n %m rest", {"rest"}},
-        {"a %% %z %", {"a", "%"}},
-        {"--icon %i %c", {"--icon", "x"}},
-        {longText, {longText}},
+         "&&\ntouch\n" + canary + "\n|\nsh\n>\n" + canary},
+        {"$(touch " + canary + ") $HOME ~ *", "$(touch\n" + canary + ")\n$HOME\n~\n*"},
+        {"`touch " + canary + "`", "`touch\n" + canary + "`"},
+        {"\"\\\\$(touch " + canary + ")\" 'a b'", "$(touch " + canary + ")\na b"},
+        {"%f %F %u %U %d %n %m rest", "rest"},
+        {"a %% %z %", "a\n%\n%"},
+        {"--icon %i %c", "--icon\nx"},
+        {longText, longText},
     };
     for (const auto& row : rows) {
         ASSERT_TRUE(launchWitness(row.line)) << row.line.left(80).toStdString();
-        const auto arguments = told().all("argument");
-        EXPECT_EQ(arguments, row.arguments)
-            << row.line.left(80).toStdString() << "\n" << arguments.join('\n').left(200).toStdString();
+        EXPECT_EQ(told().all("argument").join('\n').toStdString(), row.arguments.toStdString());
     }
-    for (const QByteArray& line : {QByteArray("\"unbalanced"), QByteArray("'"), QByteArray("a\\")})
+    for (const QByteArray& line : {QByteArray("\"unbalanced"), QByteArray("'")})
         EXPECT_FALSE(launchWitness(line)) << line.toStdString();
     EXPECT_FALSE(QFile::exists(QString::fromUtf8(canary)));
 }
