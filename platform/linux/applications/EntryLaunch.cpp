@@ -38,7 +38,14 @@ void prepareChild(void* workingFolder) {
         _exit(127);
 }
 
-ObjectPointer<GAppLaunchContext> contextFor(const DesktopEntry& entry, Startup& startup) {
+// Null for what the bus starts without a token: GLib 2.74 would give back a token that it never
+// got, and complain about itself on standard error.
+ObjectPointer<GAppLaunchContext> contextFor(const DesktopEntry& entry, GDesktopAppInfo* info,
+                                            bool hasBus, Startup& startup) {
+    const auto says = [&](const char* key) { return g_desktop_app_info_get_boolean(info, key); };
+    if (hasBus && says(G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE)
+        && !says(G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY))
+        return nullptr;
     auto context = newLaunchContext(entry, startup);
     // What we were started with is not for others.
     for (const char* variable : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"})
@@ -60,8 +67,8 @@ Outcome launchEntry(const DesktopEntry& entry, Startup& startup) {
         g_desktop_app_info_new_from_filename(QFile::encodeName(entry.file).constData()));
     if (!info)
         return Outcome::failure(u"its desktop entry or its program has gone"_s);
-    const auto context = contextFor(entry, startup);
     const auto bus = harmlessSessionBus();
+    const auto context = contextFor(entry, info.get(), bus != nullptr, startup);
     const TextPointer folder(
         g_desktop_app_info_get_string(info.get(), G_KEY_FILE_DESKTOP_KEY_PATH));
     const bool hasFolder = folder && *folder;

@@ -1,17 +1,18 @@
 #include "platform/linux/applications/GioApplications.h"
 #include "platform/x11/X11Session.h"
 #include "tests/platform/applications/EntryFolder.h"
+#include "tests/platform/applications/Tokens.h"
 #include "tests/support/TestPlatform.h"
 #include "tools/desktop/PrivateDesktop.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
-#include <QThread>
+#include <QFile>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <csignal>
 
 namespace brimlow::desktop {
 namespace {
@@ -20,69 +21,55 @@ using namespace Qt::StringLiterals;
 using test::entryText;
 using test::writeFile;
 
-/// Counts what is begun and given up; the tokens are the session's.
-class WatchedStartup final : public platform::Startup {
-public:
-    explicit WatchedStartup(platform::Startup& real) : real_(real) {}
-
-    QString begin(const platform::DesktopEntry& application) override {
-        ++begun;
-        return real_.begin(application);
-    }
-    void abandon(const QString& token) override {
-        ++abandoned;
-        real_.abandon(token);
-    }
-
-    int begun = 0;
-    int abandoned = 0;
-
-private:
-    platform::Startup& real_;
-};
-
 /// A desktop on which this process itself lives, with entries in its user's data folder.
 class DesktopLaunch : public testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(desktop.start()) << desktop.error().toStdString();
         const auto& environment = desktop.environment();
-        for (const QString& name : environment.keys())
-            qputenv(name.toLatin1().constData(), environment.value(name).toUtf8());
+        for (const QString& variable : environment.keys())
+            qputenv(variable.toLatin1().constData(), environment.value(variable).toUtf8());
+        applications.emplace(std::vector<platform::DataFolder>{{data(), true}});
         QString reason;
-        session = platform::X11Session::connect(desktop.displayName(), applications, reason);
+        session = platform::X11Session::connect(desktop.displayName(), *applications, reason);
         ASSERT_TRUE(session) << reason.toStdString();
-        startup.emplace(session->startup());
-    }
-    void TearDown() override {
-        for (const pid_t process : launched)
-            ::kill(process, SIGTERM);
     }
 
-    QString dataFolder() const { return desktop.environment().value(u"XDG_DATA_HOME"_s); }
-    void install(const QString& id, const QByteArray& text) {
-        writeFile(dataFolder() + u"/applications/"_s + id + u".desktop"_s, text);
+    QString data() const { return desktop.environment().value(u"XDG_DATA_HOME"_s); }
+
+    /// Starts an application with this entry.
+    platform::Outcome launch(const QString& id, const QByteArray& entry) {
+        return launch(id, entry, session->startup());
     }
-    platform::GioApplications& installed() {
-        if (!applications_)
-            applications_.emplace(std::vector<platform::DataFolder>{{dataFolder(), true}});
-        return *applications_;
+    platform::Outcome launch(const QString& id, const QByteArray& entry,
+                             platform::Startup& startup) {
+        writeFile(data() + u"/applications/"_s + id + u".desktop"_s, entry);
+        return applications->launch(id, startup);
+    }
+
+    /// Waits until a window of this class ("instance.Class") has the focus; its process, or 0. This
+    /// process's own event loop stands still.
+    qint64 activeWindowBecomes(const QString& className) {
+        qint64 process = 0;
+        desktop.waitFor(
+            [&](const DesktopState& now) {
+                const auto* window = now.window(now.activeWindow);
+                process = window && window->className == className ? window->pid : 0;
+                return process != 0;
+            },
+            15'000);
+        return process;
     }
 
     /// Lets this process's event loop run until `holds`.
     template<typename Condition>
     bool turnUntil(Condition holds) {
         const QDeadlineTimer deadline(10'000);
-        while (!holds() && !deadline.hasExpired()) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents);
-            QThread::msleep(20);
-        }
+        QTimer tick;
+        tick.start(10);
+        while (!holds() && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         return holds();
-    }
-    bool activeWindowIs(const QString& title) {
-        const auto now = desktop.state();
-        const auto* window = now ? now->window(now->activeWindow) : nullptr;
-        return window && window->title.contains(title);
     }
 
     int argumentCount = 1;
@@ -91,12 +78,62 @@ protected:
     QCoreApplication application{argumentCount, arguments};
     test::TestPlatform world;
     PrivateDesktop desktop{WindowManager::openbox};
-    std::optional<platform::GioApplications> applications_;
-    platform::GioApplications applications{{}};
+    std::optional<platform::GioApplications> applications;
     std::unique_ptr<platform::X11Session> session;
-    std::optional<WatchedStartup> startup;
-    std::vector<pid_t> launched;
+    test::Tokens tokens;
 };
+
+TEST_F(DesktopLaunch, FocusesWhatItStarts) {
+    ASSERT_NE(desktop.openWindow(u"xterm"_s), 0U);
+    ASSERT_TRUE(
+        launch(u"galculator"_s, entryText("Calculator", "galculator", "StartupNotify=true\n")));
+    EXPECT_NE(activeWindowBecomes(u"galculator.Galculator"_s), 0);
+}
+
+TEST_F(DesktopLaunch, OpensATerminalForWhatNeedsOne) {
+    ASSERT_TRUE(launch(u"cat"_s, entryText("Cat", "cat", "Terminal=true\n")));
+    EXPECT_NE(activeWindowBecomes(u"xterm.XTerm"_s), 0);
+}
+
+TEST_F(DesktopLaunch, HasTheBusActivateWhatAsksForIt) {
+    writeFile(data() + u"/dbus-1/services/org.xfce.mousepad.service"_s,
+              "[D-BUS Service]\nName=org.xfce.mousepad\n"
+              "Exec=/usr/bin/mousepad --gapplication-service\n");
+    QFile original(u"/usr/share/applications/org.xfce.mousepad.desktop"_s);
+    ASSERT_TRUE(original.open(QFile::ReadOnly));
+    const QByteArray entry =
+        original.readAll().replace("[Desktop Entry]\n", "[Desktop Entry]\nDBusActivatable=true\n");
+    ASSERT_TRUE(launch(u"org.xfce.mousepad"_s, entry));
+    const auto process = activeWindowBecomes(u"mousepad.Mousepad"_s);
+    ASSERT_NE(process, 0);
+    QFile commandLine(u"/proc/%1/cmdline"_s.arg(process));
+    ASSERT_TRUE(commandLine.open(QFile::ReadOnly));
+    EXPECT_TRUE(commandLine.readAll().contains("--gapplication-service"));
+}
+
+TEST_F(DesktopLaunch, HearsLaterThatTheBusActivatesNothing) {
+    const QByteArray entry = entryText("Nobody", "true", "DBusActivatable=true\n");
+    ASSERT_TRUE(launch(u"org.example.Nobody"_s, entry));
+    ASSERT_TRUE(launch(u"org.example.Nobody"_s, entry + "StartupNotify=true\n", tokens));
+    EXPECT_EQ(tokens.abandoned, QStringList());
+    EXPECT_TRUE(turnUntil([&] { return !tokens.abandoned.isEmpty(); }));
+    EXPECT_EQ(tokens.abandoned, QStringList{u"token 1"_s});
+}
+
+TEST_F(DesktopLaunch, OutlivesTheBus) {
+    ChildProcess bus(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address=1"_s},
+                     desktop.environment());
+    ASSERT_EQ(bus.start(), QString());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.readFirstLine(5000));
+    ASSERT_TRUE(launch(u"cat"_s, entryText("Cat", "cat", "Terminal=true\n")));
+    ASSERT_TRUE(bus.stop());
+    for (int turn = 0; turn < 20; ++turn) {
+        EXPECT_TRUE(desktop.state());
+        QCoreApplication::processEvents();
+    }
+    EXPECT_TRUE(launch(u"calculator"_s, entryText("Calculator", "galculator")));
+    EXPECT_NE(activeWindowBecomes(u"galculator.Galculator"_s), 0);
+}
 
 } // namespace
 } // namespace brimlow::desktop

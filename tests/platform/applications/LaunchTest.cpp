@@ -1,5 +1,6 @@
 #include "platform/linux/applications/GioApplications.h"
 #include "tests/platform/applications/EntryFolder.h"
+#include "tests/platform/applications/Tokens.h"
 #include "tests/support/TestPlatform.h"
 
 #include <QDir>
@@ -19,19 +20,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using namespace platform;
-
-/// Gives numbered tokens and remembers those that came back.
-class Tokens final : public Startup {
-public:
-    QString begin(const DesktopEntry& application) override {
-        began << application.id;
-        return u"token %1"_s.arg(began.size());
-    }
-    void abandon(const QString& token) override { abandoned << token; }
-
-    QStringList began;
-    QStringList abandoned;
-};
 
 /// What the launch witness told.
 struct Witness {
