@@ -15,7 +15,9 @@ struct WindowEvidence {
 };
 
 /// The id of the installed application that a window belongs to; where there is none a pseudo id
-/// that its windows have in common, or nothing. Any thread.
-QString applicationIdOf(const WindowEvidence& evidence, const ApplicationCatalogue& catalogue);
+/// that its windows have in common, or nothing. The process is looked at only where the window
+/// itself does not tell. `procFolder`: where the kernel tells of processes. Any thread.
+QString applicationIdOf(const WindowEvidence& evidence, const ApplicationCatalogue& catalogue,
+                        const QString& procFolder = QStringLiteral("/proc"));
 
 } // namespace brimlow::platform
