@@ -51,7 +51,7 @@ std::unique_ptr<X11Connection> X11Connection::open(const QByteArray& displayName
 }
 
 X11Connection::X11Connection(xcb_connection_t* connection, int screen)
-    : connection_(connection), root_(rootOfScreen(connection, screen)) {}
+    : connection_(connection), screen_(screen), root_(rootOfScreen(connection, screen)) {}
 
 void X11Connection::prepare() {
     xcb_prefetch_extension_data(connection_, &xcb_res_id);
@@ -103,9 +103,13 @@ Outcome X11Connection::askWindowManager(xcb_window_t window, Atom message,
     event.window = window;
     event.type = atom(message);
     std::ranges::copy(data, event.data.data32);
+    return tellWindowManager(reinterpret_cast<const char*>(&event));
+}
+
+Outcome X11Connection::tellWindowManager(const char* event) {
     xcb_send_event(connection_, 0, root_,
                    XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                   reinterpret_cast<const char*>(&event));
+                   event);
     xcb_flush(connection_);
     return lost() ? connectionLost() : Outcome::success();
 }

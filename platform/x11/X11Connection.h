@@ -26,6 +26,7 @@ public:
     X11Connection& operator=(const X11Connection&) = delete;
 
     xcb_connection_t* get() const { return connection_; }
+    int screen() const { return screen_; }
     xcb_window_t root() const { return root_; }
     xcb_atom_t atom(Atom atom) const { return atoms_[atom]; }
     /// Whether the server tells which process a window's client is (X-Resource 1.2).
@@ -41,12 +42,15 @@ public:
     /// Asks the window manager for something concerning `window`, and does not wait.
     Outcome askWindowManager(xcb_window_t window, Atom message,
                              const std::array<std::uint32_t, 5>& data);
+    /// The same with an event of another kind, of 32 bytes.
+    Outcome tellWindowManager(const char* event);
 
 private:
     X11Connection(xcb_connection_t* connection, int screen);
     void prepare();
 
     xcb_connection_t* connection_;
+    int screen_;
     xcb_window_t root_;
     xcb_window_t ownWindow_ = XCB_NONE;
     X11Atoms atoms_;

@@ -57,6 +57,12 @@ std::optional<int> workspaceNumber(std::optional<std::uint32_t> desktop) {
     return static_cast<int>(*desktop);
 }
 
+// No process has a greater one, and as a negative one it would mean many processes.
+pid_t processNumber(std::uint32_t stated) {
+    constexpr std::uint32_t greatest = std::numeric_limits<pid_t>::max();
+    return stated > greatest ? 0 : static_cast<pid_t>(stated);
+}
+
 } // namespace
 
 X11WindowRequest::X11WindowRequest(X11Connection& connection, xcb_window_t window)
@@ -106,7 +112,7 @@ QString X11WindowRequest::takeTitle() {
 // The server knows which local process opened the connection, and by which number we know it too;
 // what a client in a sandbox writes is its number in there.
 pid_t X11WindowRequest::takeClientPid() {
-    const pid_t stated = static_cast<pid_t>(pid_.takeValue(XCB_ATOM_CARDINAL).value_or(0));
+    const auto stated = processNumber(pid_.takeValue(XCB_ATOM_CARDINAL).value_or(0));
     if (clientIds_.sequence != 0) {
         xcb_generic_error_t* error = nullptr;
         const Reply<xcb_res_query_client_ids_reply_t> reply(
@@ -115,7 +121,7 @@ pid_t X11WindowRequest::takeClientPid() {
         if (reply && reply->num_ids > 0) {
             const auto ids = xcb_res_query_client_ids_ids_iterator(reply.get());
             if (xcb_res_client_id_value_value_length(ids.data) > 0)
-                return static_cast<pid_t>(*xcb_res_client_id_value_value(ids.data));
+                return processNumber(*xcb_res_client_id_value_value(ids.data));
         }
     }
     return stated;

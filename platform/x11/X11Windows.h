@@ -3,10 +3,9 @@
 #include "platform/Applications.h"
 #include "platform/Session.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11PendingRequest.h"
 
 namespace brimlow::platform {
-
-struct X11WindowManager;
 
 class X11Windows : public Windows {
 public:
@@ -24,9 +23,13 @@ public:
 private:
     Outcome check(std::uint32_t number);
     Outcome goToWorkspaceOf(std::uint32_t number);
+    Outcome askToRaise(std::uint32_t number);
+    Outcome askToStackAboveTop(std::uint32_t number);
+    bool isHidden(std::uint32_t number);
 
     X11Connection& connection_;
     Applications& applications_;
+    X11PendingRequest pending_;
 };
 
 } // namespace brimlow::platform

@@ -23,7 +23,7 @@ void expectRefusal(platform::Session& session, const QString& reason) {
 }
 
 TEST(X11Connection, TellsWhyAServerCannotBeReached) {
-    platform::GioApplications applications;
+    platform::SimulatedApplications applications({});
     QString reason;
     EXPECT_EQ(platform::X11Session::connect("nowhere.invalid:77", applications, reason), nullptr);
     EXPECT_EQ(reason, u"the X server \"nowhere.invalid:77\" cannot be reached"_s);
@@ -36,16 +36,19 @@ TEST(X11Connection, TellsWhyAServerCannotBeReached) {
 TEST(X11Connection, FailsWithAReasonOnceTheServerHasGone) {
     PrivateDesktop desktop(WindowManager::none);
     ASSERT_TRUE(desktop.start()) << desktop.error().toStdString();
-    platform::GioApplications applications;
+    platform::SimulatedApplications applications({});
     QString reason;
     const auto session = platform::X11Session::connect(desktop.displayName(), applications, reason);
     ASSERT_TRUE(session) << reason.toStdString();
+    EXPECT_FALSE(session->startup().begin({}).isEmpty());
     expectRefusal(*session, u"no window manager is running"_s);
     EXPECT_FALSE(session->connectionLost());
 
     ASSERT_EQ(::kill(static_cast<pid_t>(desktop.serverPid()), SIGKILL), 0);
     pollfd readable = {session->connectionFd(), POLLIN, 0};
     ASSERT_EQ(::poll(&readable, 1, 5000), 1);
+    EXPECT_EQ(session->startup().begin({}), QString());
+    session->startup().abandon(u"brimlow-1_TIME1"_s);
     EXPECT_TRUE(session->connectionLost());
     expectRefusal(*session, u"the connection to the X server is lost"_s);
 }

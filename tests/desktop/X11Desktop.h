@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/applications/GioApplications.h"
+#include "platform/simulated/SimulatedApplications.h"
 #include "platform/x11/X11Session.h"
 #include "tools/desktop/PrivateDesktop.h"
 
@@ -23,7 +23,12 @@ inline void PrintTo(WindowManager manager, std::ostream* out) {
 class X11Desktop : public testing::TestWithParam<WindowManager> {
 protected:
     void SetUp() override {
+        using namespace Qt::StringLiterals;
         ASSERT_TRUE(desktop.start()) << desktop.error().toStdString();
+        platform::DesktopEntry terminal;
+        terminal.id = u"debian-xterm"_s;
+        terminal.startupWmClass = u"XTerm"_s;
+        applications.install(terminal);
         QString reason;
         session = platform::X11Session::connect(desktop.displayName(), applications, reason);
         ASSERT_TRUE(session) << reason.toStdString();
@@ -45,6 +50,10 @@ protected:
         return found == windows->end() ? std::nullopt : std::optional(*found);
     }
 
+    /// Once the window manager has got to know of a window.
+    bool becomesListed(std::uint32_t number) {
+        return desktop.waitFor([&](const DesktopState&) { return listed(number).has_value(); });
+    }
     bool workspaceBecomes(int number) {
         return desktop.waitFor(
             [&](const DesktopState& now) { return now.currentWorkspace == number; });
@@ -64,7 +73,7 @@ protected:
     }
 
     PrivateDesktop desktop{GetParam()};
-    platform::GioApplications applications;
+    platform::SimulatedApplications applications{desktop.home()};
     std::unique_ptr<platform::X11Session> session;
 };
 
