@@ -12,6 +12,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <ctime>
 
 namespace brimlow::test {
 namespace {
@@ -19,6 +21,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 // Other work on the machine disturbs some of the rounds; what we do ourselves is in each of them.
+// The time of the scan is the processor's, because that work may last.
 constexpr int rounds = 5;
 constexpr double millisecond = 1e6; // in nanoseconds
 
@@ -30,6 +33,7 @@ constexpr double slowness = 1;
 
 struct Round {
     double scan;       // milliseconds until the list was there
+    double processor;  // milliseconds of all threads
     double longestGap; // between two turns of the main thread
 };
 
@@ -43,6 +47,7 @@ Round measure(InstalledAppsProvider& provider, platform::MainQueue& queue) {
     };
     const auto ticking = queue.every(0.001, turn);
     total.start();
+    const auto processor = std::clock();
     sinceTurn.start();
     provider.reload();
     turn();
@@ -51,6 +56,7 @@ Round measure(InstalledAppsProvider& provider, platform::MainQueue& queue) {
         turn();
     }
     return {static_cast<double>(total.nsecsElapsed()) / millisecond,
+            static_cast<double>(std::clock() - processor) * 1000 / CLOCKS_PER_SEC,
             static_cast<double>(longest) / millisecond};
 }
 
@@ -77,12 +83,14 @@ TEST(InstalledAppsSpeed, FiveHundredApplicationsHoldNobodyUp) {
     icons.setAppearance({u"hicolor"_s, 2});
     const platform::Platform platform(world.time, queue, world.log, world.defaults, world.bundle,
                                       world.devices, world.applications, icons, world.session);
-    Round best{1e9, 1e9};
+    Round best{1e9, 1e9, 1e9};
     for (int round = 0; round < rounds; ++round) {
         const auto provider = InstalledAppsProvider::make();
         const Round result = measure(*provider, queue);
-        std::printf("scan %.0f ms, longest gap %.1f ms\n", result.scan, result.longestGap);
-        best = {std::min(best.scan, result.scan), std::min(best.longestGap, result.longestGap)};
+        std::printf("scan %.0f ms, of the processor %.0f ms, longest gap %.1f ms\n", result.scan,
+                    result.processor, result.longestGap);
+        best = {std::min(best.scan, result.scan), std::min(best.processor, result.processor),
+                std::min(best.longestGap, result.longestGap)};
         ASSERT_EQ(provider->apps->size(), 500U);
         for (const auto& app : provider->apps.get()) {
             const int number = app.id.mid(3).toInt() % 10;
@@ -95,7 +103,7 @@ TEST(InstalledAppsSpeed, FiveHundredApplicationsHoldNobodyUp) {
         }
     }
     QThreadPool::globalInstance()->waitForDone();
-    EXPECT_LE(best.scan, 400 * slowness);
+    EXPECT_LE(best.processor, 400 * slowness);
     EXPECT_LE(best.longestGap, 20 * slowness);
 }
 
