@@ -24,7 +24,8 @@ std::shared_ptr<const ApplicationCatalogue> SimulatedApplications::catalogue() {
     const std::lock_guard lock(mutex_);
     if (!catalogue_) {
         auto entries = entries_;
-        std::ranges::stable_partition(entries, &DesktopEntry::userOwned);
+        std::stable_partition(entries.begin(), entries.end(),
+                              [](const DesktopEntry& entry) { return entry.userOwned; });
         catalogue_ = std::make_shared<const ApplicationCatalogue>(std::move(entries), home_);
     }
     return catalogue_;
