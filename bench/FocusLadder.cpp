@@ -164,7 +164,7 @@ int measure() {
     platform::NSBundle bundle({}, {});
     platform::SimulatedInputDevices devices;
     platform::GioApplications applications;
-    platform::ThemeIcons icons;
+    platform::ThemeIcons icons(clock);
     const auto session = targets.empty() ? nullptr
                                          : platform::X11Session::connect(desktop.displayName(),
                                                                          applications, reason);

@@ -41,6 +41,8 @@ int main(int argc, char* argv[]) {
                                       applications, icons, *session);
     BrimlowApp brimlow;
     brimlow.start();
+    // Now, so that the first tap does not wait for it.
+    QThreadPool::globalInstance()->start([&] { applications.catalogue(); });
     const int result = QCoreApplication::exec();
     QThreadPool::globalInstance()->waitForDone(); // what runs there looks at the platform
     return result;

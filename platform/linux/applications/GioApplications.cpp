@@ -8,14 +8,20 @@ namespace brimlow::platform {
 
 using namespace Qt::StringLiterals;
 
-GioApplications::GioApplications(std::vector<DataFolder> folders) : folders_(std::move(folders)) {}
+GioApplications::GioApplications(std::vector<DataFolder> folders,
+                                 std::chrono::milliseconds validity)
+    : folders_(std::move(folders)), validity_(validity) {}
 
 GioApplications::~GioApplications() = default;
 
 std::shared_ptr<const ApplicationCatalogue> GioApplications::catalogue() {
     std::unique_lock lock(mutex_);
-    const long number = ++begun_;
+    const Time now = std::chrono::steady_clock::now();
     const Snapshot earlier = snapshot_;
+    if (earlier && now < validUntil_)
+        return earlier->catalogue();
+    const long number = ++begun_;
+    validUntil_ = now + validity_;
     lock.unlock();
 
     auto files = findEntryFiles(folders_);

@@ -10,11 +10,11 @@ const DesktopEntry* entryOfWindow(const WindowEvidence& evidence,
                                   const ApplicationCatalogue& catalogue) {
     if (const auto* stated = catalogue.findIgnoringCase(evidence.statedId))
         return stated;
-    // The class comes before the instance: the instance is the name a program was called by, which
-    // its user can change.
-    if (const auto* claimed = catalogue.findByWmClass(evidence.className))
-        return claimed;
+    // The instance is the more particular: a browser's web application has the class of the browser
+    // and an instance of its own.
     if (const auto* claimed = catalogue.findByWmClass(evidence.instance))
+        return claimed;
+    if (const auto* claimed = catalogue.findByWmClass(evidence.className))
         return claimed;
     if (const auto* named = catalogue.findIgnoringCase(evidence.instance))
         return named;

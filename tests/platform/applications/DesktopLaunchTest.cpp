@@ -29,7 +29,8 @@ protected:
         const auto& environment = desktop.environment();
         for (const QString& variable : environment.keys())
             qputenv(variable.toLatin1().constData(), environment.value(variable).toUtf8());
-        applications.emplace(std::vector<platform::DataFolder>{{data(), true}});
+        applications.emplace(std::vector<platform::DataFolder>{{data(), true}},
+                             std::chrono::milliseconds(0));
         QString reason;
         session = platform::X11Session::connect(desktop.displayName(), *applications, reason);
         ASSERT_TRUE(session) << reason.toStdString();

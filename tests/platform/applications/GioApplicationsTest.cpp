@@ -34,7 +34,8 @@ protected:
 
     TestPlatform world;
     GioApplications applications{
-        {{world.folder.filePath(u"user"_s), true}, {world.folder.filePath(u"system"_s), false}}};
+        {{world.folder.filePath(u"user"_s), true}, {world.folder.filePath(u"system"_s), false}},
+        std::chrono::milliseconds(0)};
 };
 
 TEST_F(Entries, SaysWhatEachEntrySays) {

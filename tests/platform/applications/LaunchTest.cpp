@@ -70,7 +70,7 @@ protected:
 
     TestPlatform world;
     Tokens tokens;
-    GioApplications applications{{{world.folder.path(), false}}};
+    GioApplications applications{{{world.folder.path(), false}}, std::chrono::milliseconds(0)};
     QByteArray pipe = world.folder.filePath(u"witness"_s).toUtf8();
 };
 

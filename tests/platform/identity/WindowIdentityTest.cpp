@@ -79,7 +79,7 @@ TEST(WindowIdentity, TakesWhatTheWindowTellsInOrder) {
          {u"x.y"_s, u"a"_s, u"XTerm"_s},
          u"debian-xterm"_s},
         {"a claimed class", {{}, u"renamed"_s, u"XTerm"_s}, u"debian-xterm"_s},
-        {"the class before the instance", {{}, u"crx_mail"_s, u"Browser"_s}, u"browser"_s},
+        {"the instance before the class", {{}, u"crx_mail"_s, u"Browser"_s}, u"web-app"_s},
         {"a claimed instance", {{}, u"crx_mail"_s, u"Other"_s}, u"web-app"_s},
         {"claims keep their letters", {{}, u"a"_s, u"xterm"_s}, u"xterm"_s},
         {"a file named as the instance", {{}, u"foo-bar"_s, u"Calc"_s}, u"foo-bar"_s},
