@@ -60,7 +60,7 @@ TEST_P(FocusRoad, TapsOpenApplicationsAndBringWindowsForward) {
     const QString mousepad = u"org.xfce.mousepad"_s;
     start({binding(middle, TapAction::focusWindow, xterm, u"shell"_s, terminal),
            binding(upperRight, TapAction::focusWindow, mousepad, u"untitled"_s, closed),
-           binding(upperLeft, TapAction::focusWindow, u"featherpad"_s, u"PAD"_s),
+           binding(upperLeft, TapAction::focusWindow, u"featherpad"_s, u"TITLE"_s),
            binding(lowerLeft, TapAction::focusWindow, xterm, u"\"QUOTED\" | \\"_s),
            binding(lowerRight, TapAction::openApp, mousepad),
            binding(top, TapAction::openApp, u"galc"_s)});
