@@ -10,7 +10,7 @@ struct DesktopEntry {
     QString name = {};           // in the user's language
     QString plainName = {};      // as the entry names it in no language
     QString executable = {};     // file name of the program it runs; may be empty
-    QString program = {};        // where that is, without links; empty when not found
+    QString program = {};        // where that is, without links; empty for interpreters
     QString startupWmClass = {}; // the class of its windows, where the entry says so
     QString icon = {};           // icon name or absolute path; may be empty
     QString file = {};           // absolute path of the entry

@@ -18,8 +18,9 @@ constexpr QLatin1StringView tellNothing[] = {
     // shells
     "ash"_L1, "bash"_L1, "busybox"_L1, "dash"_L1, "fish"_L1, "ksh"_L1, "sh"_L1, "zsh"_L1,
     // languages
-    "electron"_L1, "gjs"_L1, "guile"_L1, "java"_L1, "lua"_L1, "mono"_L1, "node"_L1, "perl"_L1,
-    "php"_L1, "python"_L1, "ruby"_L1, "tclsh"_L1, "wine"_L1, "wish"_L1,
+    "electron"_L1, "gjs"_L1, "gjs-console"_L1, "guile"_L1, "java"_L1, "lua"_L1, "luajit"_L1,
+    "mono"_L1, "mono-sgen"_L1, "node"_L1, "nodejs"_L1, "perl"_L1, "php"_L1, "python"_L1, "qml"_L1,
+    "ruby"_L1, "tclsh"_L1, "wine"_L1, "wine-preloader"_L1, "wine64-preloader"_L1, "wish"_L1,
     // what starts another program
     "dbus-launch"_L1, "dbus-run-session"_L1, "env"_L1, "exo-open"_L1, "firejail"_L1, "flatpak"_L1,
     "gapplication"_L1, "gio"_L1, "gtk-launch"_L1, "nice"_L1, "nohup"_L1, "pkexec"_L1, "setsid"_L1,

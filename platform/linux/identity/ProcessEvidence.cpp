@@ -3,7 +3,6 @@
 #include "platform/linux/identity/UnitName.h"
 
 #include <QFile>
-#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -69,14 +68,6 @@ QString idOfDesktopFile(const QString& file) {
     constexpr QLatin1StringView ending(".desktop");
     const QString name = file.sliced(file.lastIndexOf(u'/') + 1);
     return name.endsWith(ending) ? name.chopped(ending.size()) : QString();
-}
-
-bool runsManyApplications(const QString& program) {
-    static const QRegularExpression interpreter(
-        u"/(ba|da|z|k)?sh$|/(python|perl|ruby|node|nodejs|java|gjs|gjs-console|lua|luajit|wish|"
-        "wine|wine64|wine-preloader|wine64-preloader|mono|mono-sgen|electron|qmlscene|qml)"
-        "[0-9.]*$"_s);
-    return interpreter.match(program).hasMatch();
 }
 
 } // namespace brimlow::platform

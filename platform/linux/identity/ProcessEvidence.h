@@ -42,7 +42,4 @@ private:
 /// "/usr/share/applications/editor.desktop" is of "editor".
 QString idOfDesktopFile(const QString& file);
 
-/// Whether a program is an interpreter: windows of all that runs in it have one program.
-bool runsManyApplications(const QString& program);
-
 } // namespace brimlow::platform

@@ -30,11 +30,6 @@ const DesktopEntry* entryOfFile(const QString& file, const ApplicationCatalogue&
     return exact ? exact : catalogue.find(idOfDesktopFile(file));
 }
 
-const DesktopEntry* entryOfProgram(const QString& program, const ApplicationCatalogue& catalogue) {
-    return program.isEmpty() || runsManyApplications(program) ? nullptr
-                                                              : catalogue.findByProgram(program);
-}
-
 const DesktopEntry* entryOfProcess(ProcessEvidence process, const ApplicationCatalogue& catalogue) {
     if (const auto* launched = entryOfFile(process.launchedDesktopFile(), catalogue))
         return launched;
@@ -46,7 +41,7 @@ const DesktopEntry* entryOfProcess(ProcessEvidence process, const ApplicationCat
         return hinted;
     if (const auto* snap = catalogue.find(process.snapApplication()))
         return snap;
-    return entryOfProgram(process.program(), catalogue);
+    return catalogue.findByProgram(process.program());
 }
 
 } // namespace

@@ -59,8 +59,7 @@ const ApplicationCatalogue& installed() {
          entry(u"browser"_s, u"/usr/bin/browser"_s, u"Browser"_s),
          entry(u"Calc"_s, u"/opt/calc/bin/calc"_s),
          entry(u"org.example.Term"_s, u"/usr/bin/term"_s), entry(u"foo-bar"_s, u"/usr/bin/foo"_s),
-         entry(u"script"_s, u"/usr/bin/python3.11"_s), entry(u"mail_client"_s),
-         entry(u"org.example.Packed"_s)},
+         entry(u"mail_client"_s), entry(u"org.example.Packed"_s)},
         u"/home/me"_s);
     return catalogue;
 }
@@ -226,7 +225,6 @@ const ProcessRow processRows[] = {
      u"/usr/bin/editor (deleted)"_s,
      u"org.example.Editor"_s},
     {"a program of two applications", {}, {}, u"/usr/bin/browser"_s, u"Class"_s},
-    {"an interpreter", {}, {}, u"/usr/bin/python3.11"_s, u"Class"_s},
     {"nonsense everywhere",
      {{u"environ"_s, QByteArray(300000, '=')},
       {u"cgroup"_s, QByteArray("\xff\xfe/\0\\x2/\\xzz.scope", 18)},
