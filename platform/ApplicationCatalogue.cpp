@@ -26,7 +26,8 @@ ApplicationCatalogue::ApplicationCatalogue(std::vector<DesktopEntry> entries, co
         claim(byFile_, entry.file, *find(entry.id));
     }
     // Those that menus show come before the others.
-    std::ranges::stable_partition(inOrder, &DesktopEntry::listed);
+    std::stable_partition(inOrder.begin(), inOrder.end(),
+                          [](const auto* entry) { return entry->listed; });
     for (const auto* entry : inOrder) {
         claim(byFoldedId_, entry->id.toCaseFolded(), *entry);
         if (!entry->startupWmClass.isEmpty())

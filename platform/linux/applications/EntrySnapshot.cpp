@@ -31,15 +31,14 @@ QString complaintLine(const EntryFile& file, const QString& reason) {
 
 EntrySnapshot::EntrySnapshot(std::vector<EntryFile> files, const EntrySnapshot* earlier)
     : files_(std::move(files)) {
-    QHash<QByteArray, std::size_t> known;
+    QHash<QByteArray, std::pair<const EntryFile*, const EntryReading*>> known;
     for (std::size_t i = 0; earlier && i < earlier->files_.size(); ++i)
-        known.insert(earlier->files_[i].path, i);
+        known.insert(earlier->files_[i].path, {&earlier->files_[i], &earlier->readings_[i]});
     readings_.reserve(files_.size());
     for (const auto& file : files_) {
-        const auto found = known.constFind(file.path);
-        const bool same = found != known.cend() && earlier->files_[*found] == file
-                          && !programHasCome(earlier->readings_[*found]);
-        readings_.push_back(same ? earlier->readings_[*found] : readEntry(file));
+        const auto [knownFile, reading] = known.value(file.path);
+        const bool same = knownFile && *knownFile == file && !programHasCome(*reading);
+        readings_.push_back(same ? *reading : readEntry(file));
     }
     catalogue_ = std::make_shared<const ApplicationCatalogue>(effectiveEntries(), QDir::homePath());
 }
