@@ -14,7 +14,7 @@
 
 #ifdef __SANITIZE_THREAD__
 // GLib's own locks are futexes, which the sanitizer does not see.
-extern "C" const char* __tsan_default_suppressions() {
+extern "C" __attribute__((visibility("default"))) const char* __tsan_default_suppressions() {
     return "race:libglib-2.0.so\nrace:libgobject-2.0.so\nrace:libgio-2.0.so\n";
 }
 constexpr double slowdown = 10;
