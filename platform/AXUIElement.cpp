@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <csignal>
-#include <ranges>
 
 namespace brimlow::platform {
 
@@ -22,9 +21,9 @@ AXError copyWindows(pid_t processIdentifier, AXValue& value) {
     if (!windows)
         return kAXErrorCannotComplete;
     std::vector<AXUIElement> elements;
-    for (const Window& window : *windows | std::views::reverse)
-        if (window.ownerPid == processIdentifier)
-            elements.push_back({processIdentifier, window.number});
+    for (auto window = windows->rbegin(); window != windows->rend(); ++window)
+        if (window->ownerPid == processIdentifier)
+            elements.push_back({processIdentifier, window->number});
     if (elements.empty() && ::kill(processIdentifier, 0) != 0 && errno == ESRCH)
         return kAXErrorInvalidUIElement;
     value = std::move(elements);

@@ -4,8 +4,8 @@
 #include "platform/Platform.h"
 #include "platform/WindowOwners.h"
 
+#include <algorithm>
 #include <functional>
-#include <ranges>
 
 namespace brimlow::platform {
 

@@ -72,8 +72,8 @@ Outcome SimulatedSession::change(const QString& verb, std::uint32_t number,
 }
 
 void SimulatedSession::toTop(std::uint32_t number) {
-    std::ranges::stable_partition(windows_,
-                                  [=](const Window& each) { return each.number != number; });
+    std::stable_partition(windows_.begin(), windows_.end(),
+                          [=](const Window& each) { return each.number != number; });
 }
 
 Outcome SimulatedSession::activate(std::uint32_t number) {

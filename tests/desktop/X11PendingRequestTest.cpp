@@ -25,6 +25,7 @@ std::vector<int> shown(X11PendingRequest& pending, std::initializer_list<int> nu
     auto windows = desktop(numbers);
     pending.applyTo(windows, now);
     std::vector<int> result;
+    result.reserve(windows.size());
     for (const auto& window : windows)
         result.push_back(window.active ? -static_cast<int>(window.number)
                                        : static_cast<int>(window.number));

@@ -14,7 +14,7 @@ namespace brimlow::platform {
 
 namespace {
 
-constexpr qint64 readLimit = 128 * 1024; // bytes
+constexpr qint64 readLimit = 131'072; // bytes
 
 bool isPlainFile(int descriptor) {
     struct stat facts {};

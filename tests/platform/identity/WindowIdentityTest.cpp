@@ -234,7 +234,7 @@ const ProcessRow processRows[] = {
      u"x"_s,
      u"Class"_s},
     {"evidence behind what is read of a file",
-     {{u"environ"_s, QByteArray(130 * 1024, 'x') + '\0'
+     {{u"environ"_s, QByteArray(133'120, 'x') + '\0'
                          + launchedBy("/usr/share/applications/foo-bar.desktop", "4711")}},
      {},
      {},
