@@ -9,6 +9,7 @@ namespace brimlow::platform {
 namespace {
 
 const QString systemFolder = u"/Applications"_s;
+const QString suffix = u".app"_s;
 
 QString fileName(const DesktopEntry& entry) {
     return QString(entry.plainName).replace(u'/', u':');
@@ -35,7 +36,8 @@ ApplicationBundles::ApplicationBundles(const std::vector<DesktopEntry>& entries,
     for (const auto* entry : inOrder)
         add(*entry, *effective.value(entry->id), entry->userOwned ? userFolder : systemFolder);
     for (auto& contents : folders_)
-        std::ranges::sort(contents);
+        std::ranges::sort(contents, {},
+                          [](const QString& file) { return file.chopped(suffix.size()); });
 }
 
 void ApplicationBundles::add(const DesktopEntry& shown, const DesktopEntry& effective,
@@ -45,14 +47,14 @@ void ApplicationBundles::add(const DesktopEntry& shown, const DesktopEntry& effe
         return; // the folder has it already
     placed_.insert(place);
     QString name = fileName(shown);
-    while (entries_.contains(folder + u'/' + name + u".app"_s))
+    while (entries_.contains(folder + u'/' + name + suffix))
         name += u" ("_s + shown.id + u')';
-    const QString path = folder + u'/' + name + u".app"_s;
+    const QString path = folder + u'/' + name + suffix;
     entries_.insert(path, &effective);
     if (&shown == &effective || !paths_.contains(shown.id))
         paths_.insert(shown.id, path);
     if (effective.listed && shown.listed)
-        folders_[folder] << name + u".app"_s;
+        folders_[folder] << name + suffix;
 }
 
 } // namespace brimlow::platform

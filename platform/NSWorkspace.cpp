@@ -1,6 +1,7 @@
 #include "platform/NSWorkspace.h"
 
 #include "platform/Applications.h"
+#include "platform/Icons.h"
 #include "platform/Platform.h"
 #include "platform/Streams.h"
 
@@ -26,6 +27,13 @@ void NSWorkspace::openApplicationAtURL(const QString& path) {
     if (const auto outcome = platform.applications.launch(entry->id, platform.session.startup());
         !outcome)
         printErrorLine(u"Brimlow: \"%1\" cannot be started: %2"_s.arg(entry->name, outcome.reason));
+}
+
+QImage NSWorkspace::iconForFile(const QString& path, int points) {
+    auto& platform = Platform::current();
+    const auto catalogue = platform.applications.catalogue();
+    const auto* entry = catalogue->bundles().entryAt(path);
+    return platform.icons.image(entry ? entry->icon : QString(), points);
 }
 
 } // namespace brimlow::platform

@@ -41,7 +41,7 @@ TEST(ApplicationBundles, ShowsEachApplicationOnceInItsFolder) {
         home);
     const auto& bundles = catalogue.bundles();
     EXPECT_EQ(bundles.contents(systems),
-              QStringList({u"Edit (z-edit).app"_s, u"Edit.app"_s, u"I:O.app"_s, u"Mail.app"_s}));
+              QStringList({u"Edit.app"_s, u"Edit (z-edit).app"_s, u"I:O.app"_s, u"Mail.app"_s}));
     EXPECT_EQ(bundles.contents(users), QStringList({u"My Mail.app"_s, u"Заметки 日本.app"_s}));
     EXPECT_TRUE(bundles.isFolder(u"/System/Applications"_s));
     EXPECT_FALSE(bundles.isFolder(u"/Applications/Utilities"_s));
