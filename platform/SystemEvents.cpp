@@ -48,6 +48,12 @@ std::optional<std::vector<Window>> windowsOf(const QString& process, SystemEvent
     return windows;
 }
 
+// A hidden window would stay hidden, however high it is raised.
+Outcome bringUp(const Window& window) {
+    auto& windows = Platform::current().session.windows();
+    return window.hidden ? windows.activate(window.number) : windows.raise(window.number);
+}
+
 struct Answerer {
     SystemEventsAnswer operator()(const PressKeyWithControl& script) const {
         auto& workspaces = Platform::current().session.workspaces();
@@ -77,8 +83,7 @@ struct Answerer {
             const auto found = std::ranges::find_if(*windows, pass.accepts, &Window::title);
             if (found == windows->end())
                 continue;
-            if (const auto raised = Platform::current().session.windows().raise(found->number);
-                !raised)
+            if (const auto raised = bringUp(*found); !raised)
                 return failure(eventNotHandled, raised.reason);
             return {.text = pass.how + u'|' + found->title};
         }

@@ -168,6 +168,10 @@ TEST_F(WindowFocus, WithoutTheFunctionOrAProcessTheLiveTitleDecides) {
               byTitle(u"AppleScript: focused 'no process' (match type: exact)"_s));
     EXPECT_EQ(session.takeJournal(),
               (QStringList{u"raise no process"_s, u"activate no process"_s}));
+    session.window(anonymous).hidden = true;
+    focus({}, anonymous);
+    laterLines();
+    EXPECT_EQ(session.takeJournal(), QStringList(2, u"activate no process"_s));
 }
 
 TEST_F(WindowFocus, EveryFailureOfTheListEndsInALine) {
