@@ -1,8 +1,8 @@
 #include "platform/NSRunningApplication.h"
 
 #include "platform/Applications.h"
+#include "platform/OwnedWindows.h"
 #include "platform/Platform.h"
-#include "platform/WindowOwners.h"
 
 #include <algorithm>
 
@@ -30,19 +30,17 @@ const Window* lastUsed(const std::vector<Window>& windows) {
 } // namespace
 
 std::vector<NSRunningApplication> NSRunningApplication::all() {
-    const auto windows = sessionWindows().list();
+    const auto windows = ownedWindows();
     if (!windows)
         return {};
-    const auto owners = ownersOf(*windows);
     QString active;
     std::vector<NSRunningApplication> applications;
-    for (std::size_t i = 0; i < windows->size(); ++i) {
-        const Window& window = (*windows)[i];
-        const QString& owner = owners[static_cast<qsizetype>(i)];
-        auto found = std::ranges::find_if(applications, [&](const auto& application) {
-            return application.processIdentifier_ == window.ownerPid
-                   && application.bundleIdentifier_ == owner;
-        });
+    for (const auto& [window, owner] : *windows) {
+        auto found = applications.begin();
+        while (
+            found != applications.end()
+            && (found->processIdentifier_ != window.ownerPid || found->bundleIdentifier_ != owner))
+            ++found;
         if (found == applications.end()) {
             applications.push_back(NSRunningApplication(owner, window.ownerPid));
             found = std::prev(applications.end());
@@ -100,14 +98,10 @@ bool NSRunningApplication::hide() const {
 
 // Asks for the windows anew: others may have been raised since.
 bool NSRunningApplication::activateWithOptions() const {
-    const auto windows = sessionWindows().list();
-    if (!windows)
-        return false;
-    const auto owners = ownersOf(*windows);
     std::vector<Window> own;
-    for (std::size_t i = 0; i < windows->size(); ++i)
-        if (owners[static_cast<qsizetype>(i)] == bundleIdentifier_)
-            own.push_back((*windows)[i]);
+    for (const auto& [window, owner] : ownedWindows().value_or(std::vector<OwnedWindow>()))
+        if (owner == bundleIdentifier_)
+            own.push_back(window);
     const Window* window = lastUsed(own);
     return window && sessionWindows().activate(window->number);
 }

@@ -1,8 +1,8 @@
 #include "platform/SystemEvents.h"
 
 #include "platform/NSRunningApplication.h"
+#include "platform/OwnedWindows.h"
 #include "platform/Platform.h"
-#include "platform/WindowOwners.h"
 
 #include <algorithm>
 #include <functional>
@@ -31,7 +31,7 @@ std::optional<std::vector<Window>> windowsOf(const QString& process, SystemEvent
     for (const auto& application : NSRunningApplication::all())
         if (application.localizedName() == process)
             identifiers.push_back(application.bundleIdentifier());
-    const auto all = Platform::current().session.windows().list();
+    const auto all = ownedWindows();
     if (!all) {
         answer = failure(eventNotHandled, u"the windows cannot be listed"_s);
         return std::nullopt;
@@ -40,11 +40,10 @@ std::optional<std::vector<Window>> windowsOf(const QString& process, SystemEvent
         answer = failure(noSuchObject, u"Can’t get process \"%1\""_s.arg(process));
         return std::nullopt;
     }
-    const auto owners = ownersOf(*all);
     std::vector<Window> windows;
-    for (std::size_t i = all->size(); i-- > 0;)
-        if (std::ranges::find(identifiers, owners[static_cast<qsizetype>(i)]) != identifiers.end())
-            windows.push_back((*all)[i]);
+    for (auto each = all->rbegin(); each != all->rend(); ++each)
+        if (std::ranges::find(identifiers, each->owner) != identifiers.end())
+            windows.push_back(each->window);
     return windows;
 }
 

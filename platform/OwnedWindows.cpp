@@ -1,4 +1,4 @@
-#include "platform/WindowOwners.h"
+#include "platform/OwnedWindows.h"
 
 #include "platform/Applications.h"
 #include "platform/NSBundle.h"
@@ -33,20 +33,24 @@ InstalledByProcess installedOf(const std::vector<Window>& windows,
 
 } // namespace
 
-QStringList ownersOf(const std::vector<Window>& windows) {
+std::optional<std::vector<OwnedWindow>> ownedWindows() {
+    auto windows = Platform::current().session.windows().list();
+    if (!windows)
+        return std::nullopt;
     const auto catalogue = Platform::current().applications.catalogue();
-    const auto installed = installedOf(windows, *catalogue);
-    QStringList owners;
-    for (const auto& window : windows) {
+    const auto installed = installedOf(*windows, *catalogue);
+    std::vector<OwnedWindow> owned;
+    owned.reserve(windows->size());
+    for (auto& window : *windows) {
         const auto* host = installed.value(window.ownerPid);
+        QString owner = window.applicationId;
         if (window.ownerPid == getpid())
-            owners << Platform::current().mainBundle.bundleIdentifier();
+            owner = Platform::current().mainBundle.bundleIdentifier();
         else if (host && !catalogue->find(window.applicationId))
-            owners << host->id;
-        else
-            owners << window.applicationId;
+            owner = host->id;
+        owned.push_back({std::move(window), std::move(owner)});
     }
-    return owners;
+    return owned;
 }
 
 } // namespace brimlow::platform
