@@ -1,16 +1,17 @@
 #include "platform/AtomicFile.h"
 
+#include "platform/FileDescriptor.h"
+#include "platform/RegularFile.h"
+
 #include <QFile>
 #include <QFileInfo>
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
-#include <system_error>
 
 namespace brimlow::platform {
 
@@ -18,84 +19,94 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Descriptor {
+/// One replacement. Its steps give an errno, or 0.
+class Writing {
 public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (number_ >= 0)
-            ::close(number_);
+    /// The first errno of a synchronisation that failed where going on loses nothing, or 0.
+    int refusal() const { return refusal_; }
+
+    int makeFolder(const QString& path) {
+        const QByteArray name = QFile::encodeName(path);
+        if (::access(name.constData(), F_OK) == 0)
+            return 0; // or no folder: then opening the file in it says so
+        if (errno != ENOENT)
+            return errno;
+        const QString parent = QFileInfo(path).absolutePath();
+        if (const int error = makeFolder(parent))
+            return error;
+        if (::mkdir(name.constData(), 0700) != 0 && errno != EEXIST)
+            return errno;
+        synchroniseFolder(parent);
+        return 0;
     }
-    int number() const { return number_; }
-    bool valid() const { return number_ >= 0; }
+
+    int writeNewFile(const QByteArray& name, const QByteArray& contents) {
+        if (::unlink(name.constData()) != 0 && errno != ENOENT) // left behind by a crash
+            return errno;
+        const FileDescriptor file(
+            ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+        if (!file)
+            return errno;
+        if (const int error = writeAll(file, contents))
+            return error;
+        const int error = ::fsync(file.get()) == 0 ? 0 : errno;
+        if (error != EINVAL && error != ENOSYS && error != ENOTSUP)
+            return error;
+        refuse(error); // a file system that cannot
+        return 0;
+    }
+
+    void synchroniseFolder(const QString& path) {
+        const FileDescriptor folder(
+            ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (!folder || ::fsync(folder.get()) != 0)
+            refuse(errno);
+    }
 
 private:
-    int number_;
-};
-
-bool writeAll(int descriptor, const QByteArray& contents) {
-    qsizetype done = 0;
-    while (done < contents.size()) {
-        const auto written = ::write(descriptor, contents.constData() + done,
-                                     static_cast<std::size_t>(contents.size() - done));
-        if (written < 0 && errno != EINTR)
-            return false;
-        done += std::max<qsizetype>(written, 0);
+    static int writeAll(const FileDescriptor& file, const QByteArray& contents) {
+        qsizetype done = 0;
+        while (done < contents.size()) {
+            const auto written = ::write(file.get(), contents.constData() + done,
+                                         static_cast<std::size_t>(contents.size() - done));
+            if (written < 0 && errno != EINTR)
+                return errno;
+            done += std::max<qsizetype>(written, 0);
+        }
+        return 0;
     }
-    return true;
-}
 
-bool writeNewFile(const QByteArray& name, const QByteArray& contents) {
-    if (::unlink(name.constData()) != 0 && errno != ENOENT) // left behind by a crash
-        return false;
-    const Descriptor file(::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-    return file.valid() && writeAll(file.number(), contents) && ::fsync(file.number()) == 0;
-}
+    void refuse(int error) {
+        if (refusal_ == 0)
+            refusal_ = error;
+    }
 
-bool synchroniseFolder(const QString& path) {
-    const QByteArray name = QFile::encodeName(path);
-    const Descriptor folder(::open(name.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    // EINVAL: a file system that cannot synchronise folders, and promises nothing more.
-    return folder.valid() && (::fsync(folder.number()) == 0 || errno == EINVAL);
-}
-
-QString folderOf(const QString& path) {
-    return QFileInfo(path).absolutePath();
-}
-
-bool makeFolder(const QString& path) {
-    const QByteArray name = QFile::encodeName(path);
-    if (::access(name.constData(), F_OK) == 0)
-        return true; // or no folder: then opening the file in it says so
-    if (errno != ENOENT || !makeFolder(folderOf(path)))
-        return false;
-    return (::mkdir(name.constData(), 0700) == 0 || errno == EEXIST)
-           && synchroniseFolder(folderOf(path));
-}
-
-bool replace(const QString& path, const QByteArray& contents) {
-    const QFileInfo target(symbolicLinkTarget(path));
-    const QString folder = target.absolutePath();
-    if (!makeFolder(folder))
-        return false;
-    const QByteArray name = QFile::encodeName(target.absoluteFilePath());
-    const QByteArray newName =
-        QFile::encodeName(folder + u"/."_s + target.fileName() + u".brimlow-new"_s);
-    if (writeNewFile(newName, contents) && ::rename(newName.constData(), name.constData()) == 0)
-        return synchroniseFolder(folder);
-    const int reason = errno;
-    ::unlink(newName.constData());
-    errno = reason;
-    return false;
-}
+    int refusal_ = 0;
+};
 
 } // namespace
 
-std::optional<QString> replaceFile(const QString& path, const QByteArray& contents) {
-    if (replace(path, contents))
-        return std::nullopt;
-    return QString::fromStdString(std::generic_category().message(errno));
+Replacement replaceFile(const QString& path, const QByteArray& contents) {
+    const QFileInfo target(symbolicLinkTarget(path));
+    const QString folder = target.absolutePath();
+    Writing writing;
+    if (const int error = writing.makeFolder(folder))
+        return {false, messageOf(error)};
+    const QByteArray name = QFile::encodeName(target.absoluteFilePath());
+    const QByteArray newName =
+        QFile::encodeName(folder + u"/."_s + target.fileName() + u".brimlow-new"_s);
+    int error = writing.writeNewFile(newName, contents);
+    if (error == 0 && ::rename(newName.constData(), name.constData()) != 0)
+        error = errno;
+    if (error != 0) {
+        ::unlink(newName.constData());
+        return {false, messageOf(error)};
+    }
+    writing.synchroniseFolder(folder);
+    if (writing.refusal() != 0)
+        return {true,
+                u"it cannot be secured against a power cut: "_s + messageOf(writing.refusal())};
+    return {true, std::nullopt};
 }
 
 QString symbolicLinkTarget(const QString& path) {

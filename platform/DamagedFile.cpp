@@ -1,6 +1,7 @@
 #include "platform/DamagedFile.h"
 
 #include "platform/AtomicFile.h"
+#include "platform/FileDescriptor.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -22,12 +23,10 @@ QString reserveName(const QString& path) {
     const QString name = path + u".damaged-"_s + stamp;
     QString candidate = name;
     for (int number = 2;; ++number) {
-        const int file = ::open(QFile::encodeName(candidate).constData(),
-                                O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-        if (file >= 0) {
-            ::close(file);
+        const FileDescriptor file(::open(QFile::encodeName(candidate).constData(),
+                                         O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+        if (file)
             return candidate;
-        }
         if (errno != EEXIST)
             return {};
         candidate = name + u'-' + QString::number(number);
@@ -50,7 +49,7 @@ QString moveAsideAsDamaged(const QString& path) {
 
 QString keepAsDamaged(const QString& path, const QByteArray& contents) {
     const QString name = reserveName(path);
-    if (name.isNull() || !replaceFile(name, contents))
+    if (name.isNull() || replaceFile(name, contents).done)
         return name;
     ::unlink(QFile::encodeName(name).constData());
     return {};

@@ -2,15 +2,12 @@
 
 #include "platform/AtomicFile.h"
 #include "platform/DamagedFile.h"
+#include "platform/RegularFile.h"
 
-#include <QFile>
 #include <QJsonDocument>
 #include <QStandardPaths>
 
-#include <fcntl.h>
-
 #include <cerrno>
-#include <system_error>
 
 namespace brimlow::platform {
 
@@ -19,13 +16,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString dataMember = u"data"_s;
+constexpr double secondsBetweenRetries = 60; // by then somebody may have made room on the disk
 
 void logLine(LogSink& log, const QString& text) {
     log.write(Stream::error, QString(u"NSUserDefaults: "_s + text + u'\n').toUtf8());
-}
-
-QString messageOf(int error) {
-    return QString::fromStdString(std::generic_category().message(error));
 }
 
 QJsonValue packed(const QByteArray& data) {
@@ -34,8 +28,14 @@ QJsonValue packed(const QByteArray& data) {
 
 } // namespace
 
-NSUserDefaults::NSUserDefaults(QString path, LogSink& log) : path_(std::move(path)), log_(log) {
+NSUserDefaults::NSUserDefaults(QString path, LogSink& log, MainQueue* retries)
+    : path_(std::move(path)), log_(log), retries_(retries) {
     load();
+}
+
+NSUserDefaults::~NSUserDefaults() {
+    if (unsaved_)
+        save();
 }
 
 QString NSUserDefaults::standardPath() {
@@ -44,19 +44,11 @@ QString NSUserDefaults::standardPath() {
 }
 
 void NSUserDefaults::load() {
-    // Opened by hand: of an absent file and one that may not be read, QFile tells no difference.
-    const int descriptor = ::open(QFile::encodeName(path_).constData(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) {
-        if (errno != ENOENT && errno != ENOTDIR)
-            withhold(u"cannot read %1: %2"_s.arg(path_, messageOf(errno)));
+    const auto [bytes, error] = readRegularFile(path_);
+    if (error == ENOENT || error == ENOTDIR)
         return;
-    }
-    QFile file;
-    QByteArray bytes;
-    if (file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
-        bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return withhold(u"cannot read %1: %2"_s.arg(path_, file.errorString()));
+    if (error != 0)
+        return withhold(u"cannot read %1: %2"_s.arg(path_, messageOf(error)));
     const auto document = QJsonDocument::fromJson(bytes);
     if (document.isObject())
         values_ = document.object();
@@ -151,10 +143,25 @@ void NSUserDefaults::set(const QString& key, const QJsonValue& value) {
 void NSUserDefaults::save() {
     if (withheld_)
         return;
-    const auto failure = replaceFile(path_, QJsonDocument(values_).toJson());
-    if (failure && !complained_)
-        logLine(log_, u"cannot write %1: %2"_s.arg(path_, *failure));
-    complained_ = failure.has_value();
+    const auto [done, complaint] = replaceFile(path_, QJsonDocument(values_).toJson());
+    unsaved_ = !done;
+    if (complaint && !complained_)
+        logLine(log_,
+                (done ? u"wrote %1, but %2"_s : u"cannot write %1: %2"_s).arg(path_, *complaint));
+    complained_ = complaint.has_value();
+    if (unsaved_)
+        tryAgainLater();
+}
+
+void NSUserDefaults::tryAgainLater() {
+    if (!retries_ || waiting_)
+        return;
+    waiting_ = true;
+    retries_->after(secondsBetweenRetries, lifetime_.guard([this] {
+        waiting_ = false;
+        if (unsaved_)
+            save();
+    }));
 }
 
 } // namespace brimlow::platform

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/MainQueue.h"
 #include "platform/Observable.h"
 #include "platform/Streams.h"
 
@@ -20,14 +21,17 @@ namespace brimlow::platform {
 /// A file that cannot be parsed is moved aside as "<name>.damaged-<UTC time>", with one line to
 /// the log. A file that cannot be opened or moved may be sound: the log says so, and it is never
 /// written as long as this lives. Where writing fails, the running state is kept, the log says so
-/// once until it works again, and the next assignment tries again.
+/// once until it works again, and it is tried again by the next assignment, every minute, and at
+/// the end.
 ///
 /// Observers (several objects may show the same key) are told before each change. Main thread only.
 class NSUserDefaults : public ObservableObject {
 public:
     /// Reads `path`; a file or folder that does not exist yet is empty, and made when first
-    /// written. Complaints go to `log`, which outlives this.
-    NSUserDefaults(QString path, LogSink& log);
+    /// written. Complaints go to `log`. Failed saves are tried again on `retries`, if there is one.
+    /// Both outlive this.
+    NSUserDefaults(QString path, LogSink& log, MainQueue* retries = nullptr);
+    ~NSUserDefaults();
 
     /// $XDG_CONFIG_HOME/brimlow/preferences.json, by default below ~/.config.
     static QString standardPath();
@@ -60,12 +64,17 @@ private:
     void withhold(const QString& complaint);
     void set(const QString& key, const QJsonValue& value);
     void save();
+    void tryAgainLater();
 
     QString path_;
     LogSink& log_; // not the current platform's: the preferences are part of that
     QJsonObject values_;
+    MainQueue* retries_;
+    bool unsaved_ = false;
+    bool waiting_ = false;    // for the next try
     bool withheld_ = false;   // the file has what nobody read and nothing keeps: never write
     bool complained_ = false; // a failing disk is reported once until it works again
+    Lifetime lifetime_;
 };
 
 } // namespace brimlow::platform

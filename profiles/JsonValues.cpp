@@ -1,7 +1,6 @@
 #include "profiles/JsonValues.h"
 
 #include <QDateTime>
-#include <QJsonDocument>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -15,7 +14,15 @@ using platform::Date;
 
 namespace {
 
-constexpr double year2001 = 978307200.0; // in seconds since 1970
+// Beginnings of years, in seconds since 1970.
+constexpr double year1 = -62135596800.0;
+constexpr double year2001 = 978307200.0;
+constexpr double year10000 = 253402300800.0;
+
+/// Whether ISO 8601 has room for it, in UTC.
+bool hasFourDigitYear(double secondsSince1970) {
+    return secondsSince1970 >= year1 && secondsSince1970 < year10000;
+}
 
 std::optional<Date> iso8601Date(const QString& text) {
     // Qt alone would also take fractions, bare dates, missing zones and the hour 24.
@@ -24,25 +31,43 @@ std::optional<Date> iso8601Date(const QString& text) {
     if (!form.match(text).hasMatch())
         return std::nullopt;
     const auto moment = QDateTime::fromString(text, Qt::ISODate);
-    if (!moment.isValid())
-        return std::nullopt;
-    return Date{static_cast<double>(moment.toSecsSinceEpoch())};
+    const auto seconds = static_cast<double>(moment.toSecsSinceEpoch());
+    return moment.isValid() && hasFourDigitYear(seconds) ? std::optional(Date{seconds})
+                                                         : std::nullopt;
 }
 
 QJsonValue iso8601Value(Date date) {
-    constexpr double year1 = -62135596800.0;
-    constexpr double year10000 = 253402300800.0; // four digits have no room for it
-    const double seconds = date.secondsSince1970;
-    if (!(seconds >= year1 && seconds < year10000))
+    if (!hasFourDigitYear(date.secondsSince1970))
         return std::numeric_limits<double>::quiet_NaN();
-    const auto whole = static_cast<qint64>(std::floor(seconds));
+    const auto whole = static_cast<qint64>(std::floor(date.secondsSince1970));
     return QDateTime::fromSecsSinceEpoch(whole, Qt::UTC).toString(Qt::ISODate);
+}
+
+/// Whether all numbers in `value`, at any depth, are finite.
+bool isEncodable(const QJsonValue& value) {
+    switch (value.type()) {
+    case QJsonValue::Double:
+        return std::isfinite(value.toDouble());
+    case QJsonValue::Array: {
+        const auto array = value.toArray();
+        return std::ranges::all_of(array, isEncodable);
+    }
+    case QJsonValue::Object: {
+        const auto object = value.toObject();
+        return std::ranges::all_of(object, isEncodable);
+    }
+    default:
+        return true;
+    }
 }
 
 } // namespace
 
 std::optional<QString> text(const QJsonValue& value) {
-    return value.isString() ? std::optional(value.toString()) : std::nullopt;
+    if (!value.isString())
+        return std::nullopt;
+    const QString text = value.toString();
+    return text.isValidUtf16() ? text : QString::fromUtf8(text.toUtf8());
 }
 
 std::optional<bool> boolean(const QJsonValue& value) {
@@ -67,9 +92,9 @@ std::optional<std::uint32_t> unsigned32(const QJsonValue& value) {
 }
 
 std::optional<QUuid> uuid(const QString& text) {
-    static const QRegularExpression form(
-        uR"(\A[0-9A-Fa-f]{8}(-[0-9A-Fa-f]{4}){3}-[0-9A-Fa-f]{12}\z)"_s);
-    return form.match(text).hasMatch() ? std::optional(QUuid::fromString(text)) : std::nullopt;
+    // Qt alone would also take braces around it, and anything behind it.
+    const QUuid id = QUuid::fromString(text);
+    return uuidText(id) == text.toUpper() ? std::optional(id) : std::nullopt;
 }
 
 std::optional<QUuid> uuid(const QJsonValue& value) {
@@ -93,27 +118,12 @@ QJsonValue dateValue(Date date, DateStrategy strategy) {
     return date.secondsSince1970 - year2001;
 }
 
-std::optional<QByteArray> bytes(const QJsonArray& document) {
+std::optional<QByteArray> bytes(const QJsonValue& document, QJsonDocument::JsonFormat format) {
     if (!isEncodable(document))
         return std::nullopt;
-    return QJsonDocument(document).toJson(QJsonDocument::Compact);
-}
-
-bool isEncodable(const QJsonValue& value) {
-    switch (value.type()) {
-    case QJsonValue::Double:
-        return std::isfinite(value.toDouble());
-    case QJsonValue::Array: {
-        const auto array = value.toArray();
-        return std::ranges::all_of(array, isEncodable);
-    }
-    case QJsonValue::Object: {
-        const auto object = value.toObject();
-        return std::ranges::all_of(object, isEncodable);
-    }
-    default:
-        return true;
-    }
+    return (document.isArray() ? QJsonDocument(document.toArray())
+                               : QJsonDocument(document.toObject()))
+        .toJson(format);
 }
 
 } // namespace brimlow::json

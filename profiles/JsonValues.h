@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
@@ -22,6 +23,7 @@ enum class DateStrategy {
     iso8601,          // "2026-11-16T20:25:00Z", whole seconds
 };
 
+/// Half a surrogate pair, which no well-formed file could take again, becomes U+FFFD.
 std::optional<QString> text(const QJsonValue& value);
 std::optional<bool> boolean(const QJsonValue& value);
 std::optional<double> number(const QJsonValue& value);
@@ -31,7 +33,7 @@ std::optional<std::uint32_t> unsigned32(const QJsonValue& value);
 /// Exactly the 36 characters of the canonical form, in either case; all zeros are an id as well.
 std::optional<QUuid> uuid(const QString& text);
 std::optional<QUuid> uuid(const QJsonValue& value);
-/// ISO 8601 needs a zone, "Z" or "+01:00", and has no fractions of seconds.
+/// ISO 8601 needs a zone, "Z" or "+01:00", has no fractions of seconds, and ends with year 9999.
 std::optional<platform::Date> date(const QJsonValue& value, DateStrategy strategy);
 
 /// The list of what `decode` makes of each element; none if `value` is no list or an element fails.
@@ -66,11 +68,8 @@ QString uuidText(const QUuid& id);
 /// A date that the strategy cannot express becomes a number that no document holds: see `bytes`.
 QJsonValue dateValue(platform::Date date, DateStrategy strategy);
 
-/// The document as compact UTF-8, or none if it holds a number that is not finite: JSON has none,
-/// and Qt would write null.
-std::optional<QByteArray> bytes(const QJsonArray& document);
-
-/// Whether all numbers in `value`, at any depth, are finite.
-bool isEncodable(const QJsonValue& value);
+/// The document, an object or a list, as UTF-8 with sorted keys; or none if it holds a number that
+/// is not finite: JSON has none, and Qt would write null.
+std::optional<QByteArray> bytes(const QJsonValue& document, QJsonDocument::JsonFormat format);
 
 } // namespace brimlow::json

@@ -48,8 +48,8 @@ std::optional<TapAction> tapActionFromJson(const QJsonValue& value) {
     if (!value.isString())
         return std::nullopt;
     const QString text = value.toString();
-    const auto named =
-        std::ranges::find_if(allTapActions, [&](TapAction each) { return rawValue(each) == text; });
+    const auto named = std::ranges::find_if(
+        allTapActions, [&](TapAction each) { return wordsOf(each).rawValue == text; });
     return named == allTapActions.end() ? TapAction::none : *named;
 }
 

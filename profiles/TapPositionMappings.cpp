@@ -128,9 +128,14 @@ void TapPositionMappings::clearAllBindings() {
 
 QUuid TapPositionMappings::createProfile(const QString& name) {
     const QStringView trimmed = trimmedBlanks(name);
+    return addActiveProfile(trimmed.isEmpty() ? u"Untitled"_s : trimmed.toString(),
+                            buildDefaultLayout(newProfileSeedCount));
+}
+
+QUuid TapPositionMappings::addActiveProfile(const QString& name,
+                                            std::vector<TapPositionMapping> bindings) {
     auto edited = profiles.get();
-    edited.push_back(newProfile(trimmed.isEmpty() ? u"Untitled"_s : trimmed.toString(),
-                                buildDefaultLayout(newProfileSeedCount)));
+    edited.push_back(newProfile(name, std::move(bindings)));
     const QUuid id = edited.back().id;
     profiles = std::move(edited);
     activeProfileId = id;
@@ -165,7 +170,7 @@ void TapPositionMappings::saveProfiles() {
     QJsonArray array;
     for (const TapProfile& profile : profiles.get())
         array.append(profile.toJson(storedDates));
-    if (const auto bytes = json::bytes(array))
+    if (const auto bytes = json::bytes(array, QJsonDocument::Compact))
         defaults_.setData(*bytes, profilesKey.toString());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/NSUserDefaults.h"
+#include "profiles/ProfileExport.h"
 #include "profiles/SavedProperty.h"
 #include "profiles/TapProfile.h"
 
@@ -53,6 +54,17 @@ public:
     /// Whether any binding of the active profile has a sample.
     bool hasAnyRecorded() const;
 
+    /// The contents of a file that holds the active profile; none where a number or a date in it
+    /// cannot be written.
+    std::optional<QByteArray> exportActiveProfileData() const;
+    /// Whether `importProfile` would take `data`.
+    bool canDecodeProfile(const QByteArray& data) const;
+    /// Takes the bindings of such a file: with new ids, and without the numbers of windows, which
+    /// mean nothing here. They become a new, active profile under a name that nobody has, or
+    /// replace those of the active profile. Returns the id of that profile. Throws
+    /// ProfileImportError, having changed nothing.
+    QUuid importProfile(const QByteArray& data, bool asNewProfile);
+
 private:
     struct Contents {
         std::vector<TapProfile> profiles;
@@ -62,8 +74,14 @@ private:
 
     TapPositionMappings(platform::NSUserDefaults& defaults, Contents contents);
 
+    static ProfileExport decodeExport(const QByteArray& data);
+    static std::vector<TapPositionMapping>
+    sanitizeForImport(std::vector<TapPositionMapping> bindings);
+    QString uniqueProfileName(const QString& base) const;
+
     static Contents load(int defaultSeedCount, platform::NSUserDefaults& defaults);
     std::optional<std::size_t> activeProfileIndex() const;
+    QUuid addActiveProfile(const QString& name, std::vector<TapPositionMapping> bindings);
     void editActiveBindings(const std::function<void(std::vector<TapPositionMapping>&)>& edit);
     void saveProfiles();
     void saveActive();

@@ -28,7 +28,7 @@ int main(int argc, char* argv[]) {
     platform::SystemClock clock;
     platform::QtMainQueue mainQueue;
     platform::StandardStreams log;
-    platform::NSUserDefaults defaults(platform::NSUserDefaults::standardPath(), log);
+    platform::NSUserDefaults defaults(platform::NSUserDefaults::standardPath(), log, &mainQueue);
     auto bundle = platform::NSBundle::forApplicationAt(QCoreApplication::applicationFilePath());
     platform::EvdevInputDevices inputDevices;
     platform::GioApplications applications;

@@ -45,7 +45,8 @@ TEST(JsonValues, DatesFollowTheDocument) {
         EXPECT_EQ(read(newYear, DateStrategy::iso8601), 978307200) << newYear;
     for (const char* bad : {"'2001-01-01T00:00:00.5Z'", "'2001-01-01T00:00:00'", "'2001-01-01'",
                             "'2001-01-01 00:00:00Z'", "'2001-02-29T00:00:00Z'",
-                            "'2001-01-01T24:00:00Z'", "'2001-01-01T00:00:00Z\\n'", "0"})
+                            "'2001-01-01T24:00:00Z'", "'2001-01-01T00:00:00Z\\n'", "0",
+                            "'9999-12-31T23:59:59-01:00'", "'2001-01-01T00:00:00+24:00'"})
         EXPECT_FALSE(read(bad, DateStrategy::iso8601)) << bad;
 }
 
@@ -56,10 +57,13 @@ TEST(JsonValues, DatesAreWrittenInWholeSecondsWhereTheDocumentSaysSo) {
 }
 
 TEST(JsonValues, ADocumentHoldsNoNumberThatIsNotFinite) {
+    const auto bytes = [](const QJsonArray& list) {
+        return json::bytes(list, QJsonDocument::Compact);
+    };
     for (const double bad : {std::numeric_limits<double>::infinity(), std::nan("")})
-        EXPECT_FALSE(json::bytes({QJsonObject{{u"a"_s, QJsonArray{1, bad}}}}));
-    EXPECT_FALSE(json::bytes({json::dateValue({1e12}, DateStrategy::iso8601)})); // year 33658
-    EXPECT_EQ(json::bytes({1.0, 0.1, true}), "[1,0.1,true]");
+        EXPECT_FALSE(bytes({QJsonObject{{u"a"_s, QJsonArray{1, bad}}}}));
+    EXPECT_FALSE(bytes({json::dateValue({1e12}, DateStrategy::iso8601)})); // year 33658
+    EXPECT_EQ(bytes({1.0, 0.1, true}), "[1,0.1,true]");
 }
 
 } // namespace brimlow

@@ -134,15 +134,16 @@ TEST_F(Preferences, AFailingDiskIsReportedOnceAndTriedAgain) {
 }
 
 TEST_F(Preferences, AFileThatFillsTheDiskLeavesTheOldOneWhole) {
-    ASSERT_FALSE(replaceFile(path, "old"));
+    ASSERT_TRUE(replaceFile(path, "old").done);
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
     const rlimit small{1000, before.rlim_max};
     setrlimit(RLIMIT_FSIZE, &small);
-    const auto failure = replaceFile(path, QByteArray(5000, 'x'));
+    const auto [done, complaint] = replaceFile(path, QByteArray(5000, 'x'));
     setrlimit(RLIMIT_FSIZE, &before);
-    EXPECT_EQ(failure, u"File too large"_s);
+    EXPECT_FALSE(done);
+    EXPECT_EQ(complaint, u"File too large"_s);
     EXPECT_EQ(read(path), "old");
     EXPECT_EQ(files(), QStringList{u"preferences.json"_s});
 }

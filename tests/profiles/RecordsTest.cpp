@@ -104,7 +104,8 @@ TEST(Records, ARecordSurvivesTheFile) {
                                   .minimumPressure = 0.25,
                                   .requireClick = true,
                                   .clickForce = 0.9};
-    const auto bytes = json::bytes({full.toJson(DateStrategy::secondsSince2001)});
+    const auto bytes = json::bytes(QJsonArray{full.toJson(DateStrategy::secondsSince2001)},
+                                   QJsonDocument::Compact);
     ASSERT_TRUE(bytes);
     const auto value = QJsonDocument::fromJson(*bytes).array().at(0);
     EXPECT_EQ(TapPositionMapping::fromJson(value, DateStrategy::secondsSince2001), full);

@@ -1,6 +1,6 @@
 #include "tools/mocked/MockedUevent.h"
 
-#include "platform/linux/evdev/FileDescriptor.h"
+#include "platform/FileDescriptor.h"
 
 #include <arpa/inet.h>
 #include <sys/socket.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/evdev/FileDescriptor.h"
+#include "platform/FileDescriptor.h"
 
 #include <condition_variable>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/evdev/FileDescriptor.h"
+#include "platform/FileDescriptor.h"
 #include "platform/linux/evdev/TrackpadDescription.h"
 
 #include <linux/input.h>

@@ -1,6 +1,6 @@
 #include "platform/linux/icons/IconImage.h"
 
-#include "platform/linux/icons/RegularFile.h"
+#include "platform/RegularFile.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -31,7 +31,7 @@ QImage centred(const QImage& image, int side) {
 } // namespace
 
 QImage readIconImage(const QString& file, int side) {
-    QByteArray bytes = readRegularFile(file, largestFile);
+    QByteArray bytes = readRegularFile(file, largestFile).bytes;
     if (bytes.isEmpty())
         return {};
     QBuffer buffer(&bytes);

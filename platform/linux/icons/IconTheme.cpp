@@ -1,6 +1,6 @@
 #include "platform/linux/icons/IconTheme.h"
 
-#include "platform/linux/icons/RegularFile.h"
+#include "platform/RegularFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -92,7 +92,7 @@ IconTheme::IconTheme(const QString& name, const QStringList& bases) : name_(name
         places_ << base + u'/' + name;
     stamps_ = stamps();
     for (const auto& place : places_) {
-        const QByteArray text = readRegularFile(place + u"/index.theme"_s, largestIndex);
+        const QByteArray text = readRegularFile(place + u"/index.theme"_s, largestIndex).bytes;
         if (!text.isEmpty()) {
             readIndex(text);
             break;
