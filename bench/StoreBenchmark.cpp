@@ -54,11 +54,12 @@ void save(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 
-/// The file's bytes become a second profile, on disk.
+/// The file's bytes become a second profile beside a small one, on disk.
 void import(benchmark::State& state) {
     World world(state);
-    const auto before = world.store.profiles.get();
     const auto data = world.store.exportActiveProfileData().value();
+    world.store.resetToDefaultLayout(10);
+    const auto before = world.store.profiles.get();
     while (state.KeepRunning()) {
         world.store.importProfile(data, true);
         state.PauseTiming();

@@ -89,8 +89,9 @@ std::optional<QByteArray> NSUserDefaults::dataForKey(const QString& key) const {
     if (object.size() != 1 || !text.isString())
         return std::nullopt;
     // Qt's decoder lets missing padding and stray bits pass; what it reads must write back alike.
-    const auto data = QByteArray::fromBase64(text.toString().toUtf8());
-    return packed(data) == object ? std::optional(data) : std::nullopt;
+    const QByteArray base64 = text.toString().toUtf8();
+    const auto data = QByteArray::fromBase64(base64);
+    return data.toBase64() == base64 ? std::optional(data) : std::nullopt;
 }
 
 std::optional<QJsonArray> NSUserDefaults::arrayForKey(const QString& key) const {

@@ -45,8 +45,8 @@ FileContents readAll(const FileDescriptor& file, qsizetype sizeHint, qsizetype m
 
 FileContents readRegularFile(const QString& path, qsizetype most) {
     // Not blocking: a pipe without a writer would keep us for ever.
-    const FileDescriptor file(::open(QFile::encodeName(path).constData(),
-                                     O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    const FileDescriptor file(
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat status {};
     if (!file || ::fstat(file.get(), &status) != 0)
         return {.error = errno};

@@ -3,7 +3,6 @@
 #include <QDateTime>
 #include <QRegularExpression>
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -34,31 +33,6 @@ std::optional<Date> iso8601Date(const QString& text) {
     const auto seconds = static_cast<double>(moment.toSecsSinceEpoch());
     return moment.isValid() && hasFourDigitYear(seconds) ? std::optional(Date{seconds})
                                                          : std::nullopt;
-}
-
-QJsonValue iso8601Value(Date date) {
-    if (!hasFourDigitYear(date.secondsSince1970))
-        return std::numeric_limits<double>::quiet_NaN();
-    const auto whole = static_cast<qint64>(std::floor(date.secondsSince1970));
-    return QDateTime::fromSecsSinceEpoch(whole, Qt::UTC).toString(Qt::ISODate);
-}
-
-/// Whether all numbers in `value`, at any depth, are finite.
-bool isEncodable(const QJsonValue& value) {
-    switch (value.type()) {
-    case QJsonValue::Double:
-        return std::isfinite(value.toDouble());
-    case QJsonValue::Array: {
-        const auto array = value.toArray();
-        return std::ranges::all_of(array, isEncodable);
-    }
-    case QJsonValue::Object: {
-        const auto object = value.toObject();
-        return std::ranges::all_of(object, isEncodable);
-    }
-    default:
-        return true;
-    }
 }
 
 } // namespace
@@ -112,18 +86,15 @@ QString uuidText(const QUuid& id) {
     return id.toString(QUuid::WithoutBraces).toUpper();
 }
 
-QJsonValue dateValue(Date date, DateStrategy strategy) {
-    if (strategy == DateStrategy::iso8601)
-        return iso8601Value(date);
-    return date.secondsSince1970 - year2001;
+QString iso8601Text(Date date) {
+    if (!hasFourDigitYear(date.secondsSince1970))
+        return {};
+    const auto whole = static_cast<qint64>(std::floor(date.secondsSince1970));
+    return QDateTime::fromSecsSinceEpoch(whole, Qt::UTC).toString(Qt::ISODate);
 }
 
-std::optional<QByteArray> bytes(const QJsonValue& document, QJsonDocument::JsonFormat format) {
-    if (!isEncodable(document))
-        return std::nullopt;
-    return (document.isArray() ? QJsonDocument(document.toArray())
-                               : QJsonDocument(document.toObject()))
-        .toJson(format);
+double secondsSince2001(Date date) {
+    return date.secondsSince1970 - year2001;
 }
 
 } // namespace brimlow::json

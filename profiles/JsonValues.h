@@ -2,9 +2,7 @@
 
 #include "platform/Date.h"
 
-#include <QByteArray>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
@@ -23,7 +21,7 @@ enum class DateStrategy {
     iso8601,          // "2026-11-16T20:25:00Z", whole seconds
 };
 
-/// Half a surrogate pair, which no well-formed file could take again, becomes U+FFFD.
+/// Half a surrogate pair, which no well-formed file could take again, becomes a question mark.
 std::optional<QString> text(const QJsonValue& value);
 std::optional<bool> boolean(const QJsonValue& value);
 std::optional<double> number(const QJsonValue& value);
@@ -65,11 +63,8 @@ bool readIfPresent(const QJsonValue& value, std::optional<T>& field, Decode deco
 
 /// Upper case, without braces.
 QString uuidText(const QUuid& id);
-/// A date that the strategy cannot express becomes a number that no document holds: see `bytes`.
-QJsonValue dateValue(platform::Date date, DateStrategy strategy);
-
-/// The document, an object or a list, as UTF-8 with sorted keys; or none if it holds a number that
-/// is not finite: JSON has none, and Qt would write null.
-std::optional<QByteArray> bytes(const QJsonValue& document, QJsonDocument::JsonFormat format);
+/// Whole seconds in UTC, "2026-11-16T20:25:00Z"; a null text for a year beyond four digits.
+QString iso8601Text(platform::Date date);
+double secondsSince2001(platform::Date date);
 
 } // namespace brimlow::json

@@ -1,5 +1,9 @@
 #include "profiles/ProfileExport.h"
 
+#include "profiles/JsonWriter.h"
+
+#include <QJsonDocument>
+
 namespace brimlow {
 
 using namespace Qt::StringLiterals;
@@ -10,11 +14,19 @@ constexpr auto exportedDates = json::DateStrategy::iso8601;
 
 } // namespace
 
-QJsonObject ProfileExport::toJson() const {
-    return {{u"format"_s, format},
-            {u"version"_s, version},
-            {u"exportedAt"_s, json::dateValue(exportedAt, exportedDates)},
-            {u"profile"_s, profile.toJson(exportedDates)}};
+std::optional<QByteArray> ProfileExport::bytes() const {
+    json::Writer writer(exportedDates);
+    writer.beginObject();
+    writer.member("format", format);
+    writer.member("version", version);
+    writer.member("exportedAt", exportedAt);
+    writer.key("profile");
+    profile.write(writer);
+    writer.endObject();
+    const auto compact = writer.bytes();
+    if (!compact)
+        return std::nullopt;
+    return QJsonDocument::fromJson(*compact).toJson(QJsonDocument::Indented); // sorts, too
 }
 
 std::optional<ProfileExport> ProfileExport::fromJson(const QJsonValue& value) {

@@ -7,8 +7,8 @@ namespace brimlow {
 /// What a profile file holds: one profile as it stands in the store, and what says that the file is
 /// ours. A plain value.
 struct ProfileExport {
-    QString format = {};    // `currentFormat` in every file of ours
-    qint64 version = 0;     // of the file's form
+    QString format = {}; // `currentFormat` in every file of ours
+    qint64 version = 0;  // of the file's form
     platform::Date exportedAt = {};
     TapProfile profile = {};
 
@@ -17,8 +17,9 @@ struct ProfileExport {
 
     bool operator==(const ProfileExport&) const = default;
 
-    /// Dates are ISO 8601 with whole seconds, in UTC.
-    QJsonObject toJson() const;
+    /// The file, pretty-printed with sorted keys, dates in whole seconds UTC; none where a number
+    /// or a date cannot be written.
+    std::optional<QByteArray> bytes() const;
     /// None if a member is missing or ill-typed, whatever format and version say.
     static std::optional<ProfileExport> fromJson(const QJsonValue& value);
 };

@@ -45,7 +45,7 @@ struct TapPositionMapping {
     /// One line for the log: whether a tap at `position` would be accepted, and why.
     QString diagnose(const TapSample& position) const;
 
-    QJsonObject toJson(json::DateStrategy dates) const;
+    void write(json::Writer& writer) const;
 
     /// None without id, name or action, or with an ill-typed text, window number or date. What else
     /// is missing or ill-typed takes its default, for the click that of the standard preferences'

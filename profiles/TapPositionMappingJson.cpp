@@ -2,6 +2,7 @@
 
 #include "platform/NSUserDefaults.h"
 #include "platform/Platform.h"
+#include "profiles/JsonWriter.h"
 #include "profiles/TapPositionMapping.h"
 
 namespace brimlow {
@@ -15,33 +16,25 @@ bool clickRequiredByDefault() {
     return !preferences.boolForKey(u"tapToClick"_s).value_or(false);
 }
 
-QJsonArray samplesValue(const std::vector<TapSample>& samples) {
-    QJsonArray array;
-    for (const TapSample& sample : samples)
-        array.append(sample.toJson());
-    return array;
-}
-
 } // namespace
 
-QJsonObject TapPositionMapping::toJson(json::DateStrategy dates) const {
-    QJsonObject object{
-        {u"id"_s, json::uuidText(id)},         {u"name"_s, name},
-        {u"action"_s, rawValue(action)},       {u"samples"_s, samplesValue(samples)},
-        {u"matchTolerance"_s, matchTolerance}, {u"minimumPressure"_s, minimumPressure},
-        {u"requireClick"_s, requireClick},     {u"clickForce"_s, clickForce},
-    };
-    if (appName)
-        object.insert(u"appName"_s, *appName);
-    if (windowTitle)
-        object.insert(u"windowTitle"_s, *windowTitle);
+void TapPositionMapping::write(json::Writer& writer) const {
+    writer.beginObject();
+    writer.member("id", id);
+    writer.member("name", name);
+    writer.member("action", rawValue(action));
+    writer.member("appName", appName);
+    writer.member("windowTitle", windowTitle);
     if (targetWindowID)
-        object.insert(u"targetWindowID"_s, static_cast<qint64>(*targetWindowID));
-    if (lastRecordedAt)
-        object.insert(u"lastRecordedAt"_s, json::dateValue(*lastRecordedAt, dates));
-    if (explicitMatchRadius)
-        object.insert(u"explicitMatchRadius"_s, *explicitMatchRadius);
-    return object;
+        writer.member("targetWindowID", qint64{*targetWindowID});
+    writer.member("samples", samples);
+    writer.member("lastRecordedAt", lastRecordedAt);
+    writer.member("matchTolerance", matchTolerance);
+    writer.member("explicitMatchRadius", explicitMatchRadius);
+    writer.member("minimumPressure", minimumPressure);
+    writer.member("requireClick", requireClick);
+    writer.member("clickForce", clickForce);
+    writer.endObject();
 }
 
 std::optional<TapPositionMapping> TapPositionMapping::fromJson(const QJsonValue& value,

@@ -2,6 +2,7 @@
 
 #include "profiles/BlankTrimming.h"
 #include "profiles/DefaultLayout.h"
+#include "profiles/JsonWriter.h"
 
 #include <QJsonDocument>
 
@@ -167,10 +168,9 @@ void TapPositionMappings::removeProfile(QUuid id) {
 }
 
 void TapPositionMappings::saveProfiles() {
-    QJsonArray array;
-    for (const TapProfile& profile : profiles.get())
-        array.append(profile.toJson(storedDates));
-    if (const auto bytes = json::bytes(array, QJsonDocument::Compact))
+    json::Writer writer(storedDates);
+    writer.value(profiles.get());
+    if (const auto bytes = writer.bytes())
         defaults_.setData(*bytes, profilesKey.toString());
 }
 

@@ -24,7 +24,7 @@ std::optional<QByteArray> TapPositionMappings::exportActiveProfileData() const {
         .exportedAt = platform::Platform::current().clock.wallClock(),
         .profile = *active,
     };
-    return json::bytes(exported.toJson(), QJsonDocument::Indented);
+    return exported.bytes();
 }
 
 ProfileExport TapPositionMappings::decodeExport(const QByteArray& data) {

@@ -1,14 +1,17 @@
 #include "profiles/TapProfile.h"
 
+#include "profiles/JsonWriter.h"
+
 namespace brimlow {
 
 using namespace Qt::StringLiterals;
 
-QJsonObject TapProfile::toJson(json::DateStrategy dates) const {
-    QJsonArray array;
-    for (const TapPositionMapping& binding : bindings)
-        array.append(binding.toJson(dates));
-    return {{u"id"_s, json::uuidText(id)}, {u"name"_s, name}, {u"bindings"_s, array}};
+void TapProfile::write(json::Writer& writer) const {
+    writer.beginObject();
+    writer.member("id", id);
+    writer.member("name", name);
+    writer.member("bindings", bindings);
+    writer.endObject();
 }
 
 std::optional<TapProfile> TapProfile::fromJson(const QJsonValue& value, json::DateStrategy dates) {

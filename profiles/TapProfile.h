@@ -12,7 +12,7 @@ struct TapProfile {
 
     bool operator==(const TapProfile&) const = default;
 
-    QJsonObject toJson(json::DateStrategy dates) const;
+    void write(json::Writer& writer) const;
     /// All three members are required, and one binding that fails fails the profile.
     static std::optional<TapProfile> fromJson(const QJsonValue& value, json::DateStrategy dates);
 };

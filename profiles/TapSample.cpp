@@ -1,6 +1,6 @@
 #include "profiles/TapSample.h"
 
-#include "profiles/JsonValues.h"
+#include "profiles/JsonWriter.h"
 
 #include <cmath>
 
@@ -8,8 +8,11 @@ namespace brimlow {
 
 using namespace Qt::StringLiterals;
 
-QJsonObject TapSample::toJson() const {
-    return {{u"x"_s, x}, {u"y"_s, y}};
+void TapSample::write(json::Writer& writer) const {
+    writer.beginObject();
+    writer.member("x", x);
+    writer.member("y", y);
+    writer.endObject();
 }
 
 std::optional<TapSample> TapSample::fromJson(const QJsonValue& value) {

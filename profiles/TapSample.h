@@ -1,11 +1,14 @@
 #pragma once
 
-#include <QJsonObject>
 #include <QJsonValue>
 
 #include <optional>
 
 namespace brimlow {
+
+namespace json {
+class Writer;
+}
 
 /// A recorded position: each axis runs from 0 to 1 over the trackpad, y upwards.
 struct TapSample {
@@ -14,7 +17,7 @@ struct TapSample {
 
     bool operator==(const TapSample&) const = default;
 
-    QJsonObject toJson() const;
+    void write(json::Writer& writer) const;
     /// Both coordinates are required.
     static std::optional<TapSample> fromJson(const QJsonValue& value);
 };

@@ -1,5 +1,4 @@
-#include "profiles/JsonValues.h"
-
+#include "profiles/JsonWriter.h"
 #include "tests/profiles/Json.h"
 
 #include <gtest/gtest.h>
@@ -51,19 +50,45 @@ TEST(JsonValues, DatesFollowTheDocument) {
 }
 
 TEST(JsonValues, DatesAreWrittenInWholeSecondsWhereTheDocumentSaysSo) {
-    const auto written = json::dateValue({978307199.9}, DateStrategy::iso8601);
-    EXPECT_EQ(written.toString().toStdString(), "2000-12-31T23:59:59Z");
-    EXPECT_EQ(json::dateValue({978307200.5}, DateStrategy::secondsSince2001).toDouble(), 0.5);
+    EXPECT_EQ(json::iso8601Text({978307199.9}).toStdString(), "2000-12-31T23:59:59Z");
+    EXPECT_EQ(json::secondsSince2001({978307200.5}), 0.5);
+}
+
+TEST(JsonValues, EveryTextAndNumberIsWrittenAsItIsRead) {
+    json::Writer writer(DateStrategy::secondsSince2001);
+    const QString odd = u"\"\\/\b\n\u0001\u007f\u0000\u2028ü🦊\uffff"_s;
+    const std::vector<double> numbers{1.0,  0.1,    -0.0, 5e-324, 1.7976931348623157e308,
+                                      1e22, 1.0 / 3};
+    writer.beginArray();
+    writer.value(odd);
+    for (const double number : numbers)
+        writer.value(number);
+    writer.value(true);
+    writer.endArray();
+    const auto list = QJsonDocument::fromJson(writer.bytes().value()).array();
+    ASSERT_EQ(list.size(), 2 + static_cast<qsizetype>(numbers.size()));
+    EXPECT_EQ(json::text(list[0]), odd);
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        EXPECT_EQ(list[static_cast<qsizetype>(i) + 1].toDouble(), numbers[i]);
+}
+
+TEST(JsonValues, HalfASurrogatePairIsNoText) {
+    EXPECT_EQ(json::text(quoted("'a\\ud800b'")), u"a?b"_s);
+    json::Writer writer(DateStrategy::secondsSince2001);
+    writer.value(QString(QChar(0xdc00)));
+    EXPECT_EQ(writer.bytes(), "\"?\"");
 }
 
 TEST(JsonValues, ADocumentHoldsNoNumberThatIsNotFinite) {
-    const auto bytes = [](const QJsonArray& list) {
-        return json::bytes(list, QJsonDocument::Compact);
+    const auto isWritten = [](auto value) {
+        json::Writer writer(DateStrategy::iso8601);
+        writer.value(value);
+        return writer.bytes().has_value();
     };
     for (const double bad : {std::numeric_limits<double>::infinity(), std::nan("")})
-        EXPECT_FALSE(bytes({QJsonObject{{u"a"_s, QJsonArray{1, bad}}}}));
-    EXPECT_FALSE(bytes({json::dateValue({1e12}, DateStrategy::iso8601)})); // year 33658
-    EXPECT_EQ(bytes({1.0, 0.1, true}), "[1,0.1,true]");
+        EXPECT_FALSE(isWritten(bad) || isWritten(platform::Date{bad}));
+    EXPECT_FALSE(isWritten(platform::Date{1e12})); // year 33658
+    EXPECT_TRUE(isWritten(1e308) && isWritten(platform::Date{0}));
 }
 
 } // namespace brimlow

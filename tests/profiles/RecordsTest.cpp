@@ -1,3 +1,4 @@
+#include "profiles/JsonWriter.h"
 #include "profiles/TapProfile.h"
 #include "tests/profiles/Json.h"
 #include "tests/support/TestPlatform.h"
@@ -104,10 +105,9 @@ TEST(Records, ARecordSurvivesTheFile) {
                                   .minimumPressure = 0.25,
                                   .requireClick = true,
                                   .clickForce = 0.9};
-    const auto bytes = json::bytes(QJsonArray{full.toJson(DateStrategy::secondsSince2001)},
-                                   QJsonDocument::Compact);
-    ASSERT_TRUE(bytes);
-    const auto value = QJsonDocument::fromJson(*bytes).array().at(0);
+    json::Writer writer(DateStrategy::secondsSince2001);
+    full.write(writer);
+    const auto value = test::parsed(writer.bytes().value());
     EXPECT_EQ(TapPositionMapping::fromJson(value, DateStrategy::secondsSince2001), full);
     EXPECT_EQ(value.toObject().size(), 13);
 }

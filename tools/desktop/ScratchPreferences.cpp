@@ -2,9 +2,8 @@
 
 #include "platform/NSUserDefaults.h"
 #include "platform/Streams.h"
+#include "profiles/JsonWriter.h"
 #include "profiles/TapPositionMappings.h"
-
-#include <QJsonDocument>
 
 using namespace Qt::StringLiterals;
 
@@ -20,13 +19,13 @@ TapPositionMapping bindingAt(const QString& name, double x, double y, TapAction 
 void writePreferences(const QProcessEnvironment& environment,
                       const std::vector<TapPositionMapping>& bindings) {
     const TapProfile profile{QUuid::createUuid(), u"Scratch"_s, bindings};
-    const QJsonArray profiles{profile.toJson(json::DateStrategy::secondsSince2001)};
+    json::Writer writer(json::DateStrategy::secondsSince2001);
+    writer.value(std::vector{profile});
 
     platform::StandardStreams log;
     platform::NSUserDefaults defaults(
         environment.value(u"XDG_CONFIG_HOME"_s) + u"/brimlow/preferences.json"_s, log);
-    defaults.setData(QJsonDocument(profiles).toJson(QJsonDocument::Compact),
-                     TapPositionMappings::profilesKey.toString());
+    defaults.setData(writer.bytes().value(), TapPositionMappings::profilesKey.toString());
     defaults.setString(json::uuidText(profile.id), TapPositionMappings::activeKey.toString());
     defaults.setBool(true, u"hasCompletedOnboarding"_s);
 }
