@@ -27,7 +27,9 @@ QJsonValue interestingValue(Random& random) {
         4294967296, 9007199254740993, -9223372036854775808, 9223372036854775807, -63114076800,
         "", " \t\u00a0", "\u0000\"\\/\n\ud83d\ude00\ufeff", "\ud800", "brimlow.profile", "openApp",
         "2024-02-29T23:59:59Z", "0001-01-01T00:00:00+14:00", "9999-12-31T23:59:59-14:00",
-        "AAAAAAAA-89AB-CDEF-0123-456789ABCDEF", [], {}, {"x": 0.25, "y": 1}, {"data": "W10="}])")
+        "AAAAAAAA-89AB-CDEF-0123-456789ABCDEF", [], {}, {"x": 0.25, "y": 1}, {"data": "W10="},
+        {"id": "01234567-89AB-CDEF-0123-456789ABCDEF", "name": "n", "action": "openApp"},
+        {"id": "01234567-89AB-CDEF-0123-456789ABCDEF", "name": "p", "bindings": []}])")
                                    .array();
     return values[below(random, values.size())];
 }

@@ -6,6 +6,7 @@
 #include "tests/support/TestPlatform.h"
 
 #include <QDir>
+#include <QJsonDocument>
 
 #include <dirent.h>
 #include <unistd.h>

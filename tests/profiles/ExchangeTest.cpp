@@ -1,10 +1,9 @@
 // Profiles from and to files.
 
 #include "profiles/ProfileImportError.h"
+#include "profiles/TapPositionMappings.h"
 #include "tests/profiles/Json.h"
 #include "tests/support/TestPlatform.h"
-
-#include "profiles/TapPositionMappings.h"
 
 #include <gtest/gtest.h>
 
@@ -27,8 +26,8 @@ QByteArray withQuotes(QByteArray text) {
 
 /// A file that holds one profile with `bindings`, whose name stands in quotation marks.
 QByteArray fileOf(const QByteArray& name, const QByteArray& bindings = "[]") {
-    return withQuotes(start + "'version':1," + moment + ",'profile':{" + id + ",'bindings':" + bindings
-                      + ",'name':" + name + "}}");
+    return withQuotes(start + "'version':1," + moment + ",'profile':{" + id
+                      + ",'bindings':" + bindings + ",'name':" + name + "}}");
 }
 
 QByteArray fileWithBinding(const QByteArray& members) {
@@ -69,8 +68,8 @@ const std::string unreadable = "This file couldn't be read as a Brimlow profile.
 const std::string notOurs = "This file isn't a Brimlow profile export.";
 
 std::string tooNew(const char* version) {
-    return std::string("This profile was exported by a newer version of Brimlow (format v") + version
-           + "). Update Brimlow and try again.";
+    return std::string("This profile was exported by a newer version of Brimlow (format v")
+           + version + "). Update Brimlow and try again.";
 }
 
 } // namespace
@@ -131,10 +130,13 @@ TEST_F(Exchange, TheFileIsPrettyAndSorted) {
 }
 
 TEST_F(Exchange, NamesAreMadeUnique) {
-    for (const auto& [given, name] :
-         {std::pair("'Default'", u"Default 2"_s), {"'Default'", u"Default 3"_s},
-          {"' \\tdefault '", u"default"_s}, {"' \\u00a0'", u"Imported"_s}, {"''", u"Imported 2"_s},
-          {"'\\n'", u"\n"_s}, {"'Default 2'", u"Default 2 2"_s}}) {
+    for (const auto& [given, name] : {std::pair("'Default'", u"Default 2"_s),
+                                      {"'Default'", u"Default 3"_s},
+                                      {"' \\tdefault '", u"default"_s},
+                                      {"' \\u00a0'", u"Imported"_s},
+                                      {"''", u"Imported 2"_s},
+                                      {"'\\n'", u"\n"_s},
+                                      {"'Default 2'", u"Default 2 2"_s}}) {
         EXPECT_EQ(complaint(fileOf(given)), "") << given;
         EXPECT_EQ(store.activeProfile()->name, name);
     }
@@ -177,12 +179,15 @@ TEST_F(Exchange, WhatOlderAndNewerVersionsWroteIsTaken) {
     EXPECT_TRUE(plain.samples.empty() && plain.requireClick);
     EXPECT_EQ(imported(fileOf("'p'", "[{" + id + ",'name':'n','action':'fly'}]")).action,
               TapAction::none);
-    EXPECT_EQ(imported(fileWithBinding(",'gesture':'swipe','samples':[{'x':1,'y':0,'z':2}]")).samples,
-              std::vector{(TapSample{1, 0})});
-    EXPECT_EQ(imported(fileWithBinding(",'lastRecordedAt':'2026-01-02T13:00:00+01:00'")).lastRecordedAt,
-              world.time.wallClock());
-    for (const char* bad : {",'lastRecordedAt':'2026-02-29T00:00:00Z'", ",'lastRecordedAt':789048000",
-                            ",'targetWindowID':-1", ",'appName':false"})
+    EXPECT_EQ(
+        imported(fileWithBinding(",'gesture':'swipe','samples':[{'x':1,'y':0,'z':2}]")).samples,
+        std::vector{(TapSample{1, 0})});
+    EXPECT_EQ(
+        imported(fileWithBinding(",'lastRecordedAt':'2026-01-02T13:00:00+01:00'")).lastRecordedAt,
+        world.time.wallClock());
+    for (const char* bad :
+         {",'lastRecordedAt':'2026-02-29T00:00:00Z'", ",'lastRecordedAt':789048000",
+          ",'targetWindowID':-1", ",'appName':false"})
         EXPECT_EQ(complaint(fileWithBinding(bad)), unreadable) << bad;
 }
 
@@ -196,11 +201,16 @@ TEST_F(Exchange, WhatIsNotJSONToTheLetterIsUnreadable) {
     for (const char* good : {"'a:\\\"b.,\\u0022\\/'", "'\\ud83e\\udd8a \xf0\x9f\xa6\x8a'",
                              "'\\\\','more':{'name':1.5e-3,'id':[0.5,-0]}"})
         EXPECT_EQ(complaint(fileOf(good)), "") << good;
-    for (const char* bad :
-         {"'p','name':'p'", "'p','more':{'a':1,'\\u0061':2}", "'\\ud800'", "'\\udd8a\\ud83e'",
-          "'\\ud83e\\u0041'", "'p','\\udfff':1", "'\xff'", "'\xed\xa0\x80'", "'\xc0\xaf'", "'a\nb'",
-          "'\x01'", "'\\x41'", "'p','more':1.", "'p','more':.5", "'p','more':-.5", "'p','more':1e999",
-          "'p','more':01", "'p',", "'p','more':NaN", "'p'/**/"})
+    for (const char* bad : {"'p','name':'p'",   "'p','more':{'a':1,'\\u0061':2}",
+                            "'\\ud800'",        "'\\udd8a\\ud83e'",
+                            "'\\ud83e\\u0041'", "'p','\\udfff':1",
+                            "'\xff'",           "'\xed\xa0\x80'",
+                            "'\xc0\xaf'",       "'a\nb'",
+                            "'\x01'",           "'\\x41'",
+                            "'p','more':1.",    "'p','more':.5",
+                            "'p','more':-.5",   "'p','more':1e999",
+                            "'p','more':01",    "'p',",
+                            "'p','more':NaN",   "'p'/**/"})
         EXPECT_EQ(complaint(fileOf(bad)), unreadable) << bad;
     EXPECT_EQ(complaint(fileOf("'p'") + '\0'), unreadable);
     EXPECT_EQ(complaint("\xef\xbb\xbf" + fileOf("'p'")), ""); // editors on other systems begin so

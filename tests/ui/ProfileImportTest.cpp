@@ -56,8 +56,8 @@ TEST_F(ProfileFiles, AFileThatWasWrittenIsImported) {
 TEST_F(ProfileFiles, WhatIsNoRegularFileIsNotRead) {
     const QString pipe = inFolder(u"pipe"_s);
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    for (const QString& path :
-         {inFolder(u"absent"_s), world.folder.path(), pipe, u"/dev/zero"_s, u"/dev/null"_s, QString()})
+    for (const QString& path : {inFolder(u"absent"_s), world.folder.path(), pipe, u"/dev/zero"_s,
+                                u"/dev/null"_s, QString()})
         EXPECT_EQ(refusal(path), unread) << path.toStdString();
 }
 
@@ -70,7 +70,8 @@ TEST_F(ProfileFiles, AHugeFileIsRefusedWithoutReadingAllOfIt) {
     timer.start();
     EXPECT_EQ(refusal(path), unreadable);
     EXPECT_LT(timer.elapsed(), 1000);
-    EXPECT_EQ(ProfileJSONDocument::read(path)->data.size(), ProfileJSONDocument::largestProfile + 1);
+    EXPECT_EQ(ProfileJSONDocument::read(path)->data.size(),
+              ProfileJSONDocument::largestProfile + 1);
 }
 
 TEST_F(ProfileFiles, AFileThatShrinksWhileItIsReadDoesNoHarm) {
