@@ -146,10 +146,13 @@ void NSUserDefaults::save() {
         return;
     const auto [done, complaint] = replaceFile(path_, QJsonDocument(values_).toJson());
     unsaved_ = !done;
-    if (complaint && !complained_)
+    bool& told = done ? toldInsecure_ : toldUnwritten_;
+    if (complaint && !told)
         logLine(log_,
                 (done ? u"wrote %1, but %2"_s : u"cannot write %1: %2"_s).arg(path_, *complaint));
-    complained_ = complaint.has_value();
+    told = complaint.has_value();
+    if (done)
+        toldUnwritten_ = false;
     if (unsaved_)
         tryAgainLater();
 }

@@ -71,9 +71,12 @@ private:
     QJsonObject values_;
     MainQueue* retries_;
     bool unsaved_ = false;
-    bool waiting_ = false;    // for the next try
-    bool withheld_ = false;   // the file has what nobody read and nothing keeps: never write
-    bool complained_ = false; // a failing disk is reported once until it works again
+    bool waiting_ = false;  // for the next try
+    bool withheld_ = false; // the file has what nobody read and nothing keeps: never write
+    // Either is reported once until it works again; a disk that cannot synchronise may fill up,
+    // too.
+    bool toldUnwritten_ = false;
+    bool toldInsecure_ = false;
     Lifetime lifetime_;
 };
 
