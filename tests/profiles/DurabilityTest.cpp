@@ -1,5 +1,6 @@
 #include "platform/RegularFile.h"
 #include "profiles/DefaultLayout.h"
+#include "profiles/JsonWriter.h"
 #include "profiles/TapPositionMappings.h"
 #include "tests/profiles/FailingDisk.h"
 #include "tests/support/TestPlatform.h"
@@ -48,8 +49,9 @@ QString preferencesIn(const fs::path& root) {
 
 void saveProfile(NSUserDefaults& defaults, const QString& name) {
     const TapProfile profile{QUuid::createUuid(), name, buildDefaultLayout(10)};
-    const QJsonArray all{profile.toJson(json::DateStrategy::secondsSince2001)};
-    defaults.setData(QJsonDocument(all).toJson(), TapPositionMappings::profilesKey.toString());
+    json::Writer writer(json::DateStrategy::secondsSince2001);
+    writer.value(std::vector{profile});
+    defaults.setData(writer.bytes().value(), TapPositionMappings::profilesKey.toString());
 }
 
 std::map<std::string, std::string> filesBelow(const fs::path& root) {
@@ -139,7 +141,8 @@ void checkPowerCuts(const Start& start) {
 QString expectedLine(const World& world, const FileCall& call, int error) {
     if (call.name == "close")
         return {};
-    const bool folder = fs::is_directory(call.path) && (call.name == "open" || call.name == "fsync");
+    const bool folder =
+        fs::is_directory(call.path) && (call.name == "open" || call.name == "fsync");
     const QString line = folder ? u"wrote %1, but it cannot be secured against a power cut: %2"_s
                                 : u"cannot write %1: %2"_s;
     return u"NSUserDefaults: "_s + line.arg(world.path, platform::messageOf(error));
@@ -179,8 +182,7 @@ void checkFailure(const Start& start, const char* chance, const Fault& fault) {
 }
 
 void checkFailuresOfEachCall(const Start& start, const char* chance, int error) {
-    const auto calls =
-        save(*std::make_unique<World>(start), [](const FileCall&) { return 0; });
+    const auto calls = save(*std::make_unique<World>(start), [](const FileCall&) { return 0; });
     for (std::size_t failing = 0; failing < calls.size(); ++failing) {
         SCOPED_TRACE(calls[failing].name + " " + calls[failing].path.filename().string());
         checkFailure(start, chance, [failing, error, count = 0U](const FileCall&) mutable {
@@ -278,8 +280,8 @@ TEST(Durability, AFolderThatCannotBeWrittenToIsTriedAgain) {
     const auto before = filesBelow(world.root);
     fs::permissions(world.root / "brimlow", fs::perms(0500));
     saveProfile(*world.defaults, u"new"_s);
-    EXPECT_EQ(world.log.take(), QStringList(u"NSUserDefaults: cannot write %1: Permission denied"_s
-                                                .arg(world.path)));
+    EXPECT_EQ(world.log.take(),
+              QStringList(u"NSUserDefaults: cannot write %1: Permission denied"_s.arg(world.path)));
     EXPECT_EQ(filesBelow(world.root), before);
     fs::permissions(world.root / "brimlow", fs::perms(0700));
     world.time.advance(60);

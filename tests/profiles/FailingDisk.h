@@ -30,9 +30,9 @@ private:
     std::size_t position_ = 0;
 };
 
-/// While it lives, the file calls below `root` of what is linked into this program, but not those of
-/// the shared libraries, go through it (see --wrap in CMakeLists.txt). It keeps account of what a
-/// disk is bound to hold: of a file what was synchronised, of a folder the names when it was
+/// While it lives, the file calls below `root` of what is linked into this program, but not those
+/// of the shared libraries, go through it (see --wrap in CMakeLists.txt). It keeps account of what
+/// a disk is bound to hold: of a file what was synchronised, of a folder the names when it was
 /// synchronised. One at a time.
 class FailingDisk {
 public:
