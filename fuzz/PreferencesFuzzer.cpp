@@ -2,11 +2,11 @@
 
 #include "engine/AppSettings.h"
 #include "fuzz/Require.h"
+#include "platform/JsonText.h"
 #include "profiles/TapPositionMappings.h"
 #include "tests/support/TestPlatform.h"
 
 #include <QDir>
-#include <QJsonDocument>
 
 #include <dirent.h>
 #include <unistd.h>
@@ -58,7 +58,7 @@ QByteArray contents(const QString& path) {
 }
 
 QJsonObject parsed(const QByteArray& bytes) {
-    return QJsonDocument::fromJson(bytes).object();
+    return platform::parsedJson(bytes).object();
 }
 
 QJsonObject withoutOurs(QJsonObject values) {
@@ -114,7 +114,7 @@ void checkStore(const Run& run) {
 
 /// Nothing that the user had is gone, once `after` is the file.
 void checkKept(const QByteArray& before, const QByteArray& after, const Scratch& scratch) {
-    if (!QJsonDocument::fromJson(before).isObject()) {
+    if (!platform::parsedJson(before).isObject()) {
         require(scratch.kept("preferences.json.damaged-") == before, "a damaged file is kept");
         return;
     }
@@ -123,7 +123,7 @@ void checkKept(const QByteArray& before, const QByteArray& after, const Scratch&
     if (value.isUndefined() || value == parsed(after).value(profilesKey))
         return;
     const auto data = QByteArray::fromBase64(value[u"data"_s].toString().toUtf8());
-    if (QJsonDocument::fromJson(data) == QJsonDocument(QJsonArray()))
+    if (platform::parsedJson(data) == QJsonDocument(QJsonArray()))
         return; // no profile to lose
     const auto kept = scratch.kept("preferences.json.tapProfiles.v1.damaged-");
     require(kept && (kept == data || parsed(*kept).value(profilesKey) == value),

@@ -2,9 +2,9 @@
 
 #include "platform/AtomicFile.h"
 #include "platform/DamagedFile.h"
+#include "platform/JsonText.h"
 #include "platform/RegularFile.h"
 
-#include <QJsonDocument>
 #include <QStandardPaths>
 
 #include <cerrno>
@@ -49,7 +49,7 @@ void NSUserDefaults::load() {
         return;
     if (error != 0)
         return withhold(u"cannot read %1: %2"_s.arg(path_, messageOf(error)));
-    const auto document = QJsonDocument::fromJson(bytes);
+    const auto document = parsedJson(bytes);
     if (document.isObject())
         values_ = document.object();
     else
@@ -128,8 +128,8 @@ void NSUserDefaults::keepDamagedValueForKey(const QString& key) {
         return;
     const auto data = dataForKey(key);
     const QJsonObject alone{{key, values_.value(key)}};
-    const QString kept =
-        keepAsDamaged(path_ + u'.' + key, data ? *data : QJsonDocument(alone).toJson());
+    const QString kept = keepAsDamaged(
+        path_ + u'.' + key, data ? *data : jsonText(QJsonDocument(alone), QJsonDocument::Indented));
     if (kept.isNull())
         return withhold(u"%1 in %2 is damaged and cannot be copied"_s.arg(key, path_));
     logLine(log_, u"%1 is damaged; kept in %2"_s.arg(key, kept));
@@ -144,7 +144,8 @@ void NSUserDefaults::set(const QString& key, const QJsonValue& value) {
 void NSUserDefaults::save() {
     if (withheld_)
         return;
-    const auto [done, complaint] = replaceFile(path_, QJsonDocument(values_).toJson());
+    const auto [done, complaint] =
+        replaceFile(path_, jsonText(QJsonDocument(values_), QJsonDocument::Indented));
     unsaved_ = !done;
     bool& told = done ? toldInsecure_ : toldUnwritten_;
     if (complaint && !told)

@@ -1,5 +1,7 @@
 #include "profiles/JsonWriter.h"
 
+#include "platform/JsonText.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -68,7 +70,7 @@ void Writer::value(platform::Date date) {
 }
 
 std::optional<QByteArray> Writer::bytes() const {
-    return complete_ ? std::optional(bytes_) : std::nullopt;
+    return complete_ ? std::optional(platform::withMarksEscaped(bytes_)) : std::nullopt;
 }
 
 void Writer::appendQuoted(std::string_view utf8) {

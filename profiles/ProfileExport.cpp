@@ -1,8 +1,7 @@
 #include "profiles/ProfileExport.h"
 
+#include "platform/JsonText.h"
 #include "profiles/JsonWriter.h"
-
-#include <QJsonDocument>
 
 namespace brimlow {
 
@@ -26,7 +25,8 @@ std::optional<QByteArray> ProfileExport::bytes() const {
     const auto compact = writer.bytes();
     if (!compact)
         return std::nullopt;
-    return QJsonDocument::fromJson(*compact).toJson(QJsonDocument::Indented); // sorts, too
+    return platform::jsonText(platform::parsedJson(*compact),
+                              QJsonDocument::Indented); // sorts, too
 }
 
 std::optional<ProfileExport> ProfileExport::fromJson(const QJsonValue& value) {

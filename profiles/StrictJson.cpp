@@ -1,7 +1,8 @@
 #include "profiles/StrictJson.h"
 
+#include "platform/JsonText.h"
+
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include <optional>
@@ -84,7 +85,7 @@ qsizetype memberCount(const QJsonValue& value) {
 } // namespace
 
 QJsonValue strictlyParsed(const QByteArray& text) {
-    const auto document = QJsonDocument::fromJson(text);
+    const auto document = platform::parsedJson(text);
     if (document.isNull())
         return QJsonValue::Undefined;
     const QJsonValue value =

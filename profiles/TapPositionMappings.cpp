@@ -1,10 +1,9 @@
 #include "profiles/TapPositionMappings.h"
 
+#include "platform/JsonText.h"
 #include "profiles/BlankTrimming.h"
 #include "profiles/DefaultLayout.h"
 #include "profiles/JsonWriter.h"
-
-#include <QJsonDocument>
 
 #include <algorithm>
 
@@ -25,7 +24,7 @@ TapProfile newProfile(const QString& name, std::vector<TapPositionMapping> bindi
 template<typename Record>
 std::optional<std::vector<Record>> storedList(const NSUserDefaults& defaults, QStringView key) {
     const auto data = defaults.dataForKey(key.toString());
-    const auto document = QJsonDocument::fromJson(data.value_or(QByteArray()));
+    const auto document = platform::parsedJson(data.value_or(QByteArray()));
     if (!document.isArray())
         return std::nullopt;
     return json::list(document.array(),

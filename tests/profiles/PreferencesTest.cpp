@@ -1,4 +1,5 @@
 #include "platform/AtomicFile.h"
+#include "platform/JsonText.h"
 #include "tests/profiles/Json.h"
 #include "tests/support/TestPlatform.h"
 
@@ -42,8 +43,10 @@ protected:
 } // namespace
 
 TEST_F(Preferences, ValuesSurviveARestartAndUnknownKeysStay) {
-    const QByteArray unknown =
-        R"({"a":{"b":[null,9007199254740993,0.1,"\u0000ü"]},"data":{"data":"x"},"n":-1e-300})";
+    const QByteArray unknown = "\xef\xbb\xbf" // the mark that some editors begin with
+                               R"({"a":{"b":[null,9007199254740993,0.1,"\u0000ü"]},"n":-1e-300,)"
+                               "\"data\":{\"data\":\"x\"},\"\xef\xbb\xbf"
+                               "bool\":7}";
     write(path, unknown);
     const QByteArray binary("\x00\xff\n", 3);
     {
@@ -65,10 +68,10 @@ TEST_F(Preferences, ValuesSurviveARestartAndUnknownKeysStay) {
     EXPECT_FALSE(defaults.boolForKey(u"gone"_s) || defaults.boolForKey(u"double"_s));
     EXPECT_FALSE(defaults.doubleForKey(u"bool"_s) || defaults.stringForKey(u"array"_s));
 
-    auto written = QJsonDocument::fromJson(read(path)).object();
+    auto written = parsedJson(read(path)).object();
     for (const auto& key : {u"bool"_s, u"double"_s, u"string"_s, u"binary"_s, u"array"_s})
         written.remove(key);
-    EXPECT_EQ(QJsonDocument(written), QJsonDocument::fromJson(unknown));
+    EXPECT_EQ(QJsonDocument(written), parsedJson(unknown));
     struct stat status {};
     ASSERT_EQ(::stat(QFile::encodeName(path).constData(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777, 0600U);
