@@ -9,8 +9,8 @@ namespace brimlow::platform {
 
 struct Replacement {
     bool done; // or else the old file is as it was
-    std::optional<QString>
-        complaint; // in one clause ("No space left on device"); none: all is well
+    /// In one clause ("No space left on device"); none: all is well.
+    std::optional<QString> complaint;
 };
 
 /// Replaces the file at `path` whole: whoever reads it, also after a crash or a power cut, finds
