@@ -23,7 +23,7 @@ int whyUnreadable(const struct stat& status) {
 }
 
 FileContents readAll(const FileDescriptor& file, qsizetype sizeHint, qsizetype most) {
-    constexpr qsizetype step = 64 * 1024; // beyond the hint: the file grows, or tells no size
+    constexpr qsizetype step = 65'536; // beyond the hint: the file grows, or tells no size
     QByteArray bytes;
     qsizetype size = 0;
     while (size < most) {

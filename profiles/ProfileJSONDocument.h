@@ -18,7 +18,7 @@ struct ProfileJSONDocument {
 
     /// No profile is larger: this is room for some 30,000 bindings. Bounds the memory and the time
     /// that a file from anywhere may cost.
-    static constexpr qsizetype largestProfile = 32 * 1024 * 1024; // bytes
+    static constexpr qsizetype largestProfile = 32 << 20; // bytes
 
     /// The contents of the regular file at `path`; of one that is larger than any profile only so
     /// much that the store sees it. None where there is no such file, where it is a folder, a pipe

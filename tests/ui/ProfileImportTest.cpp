@@ -65,7 +65,7 @@ TEST_F(ProfileFiles, AHugeFileIsRefusedWithoutReadingAllOfIt) {
     const QString path = inFolder(u"huge.json"_s);
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("[") == 1);
-    ASSERT_TRUE(file.resize(200 * 1024 * 1024));
+    ASSERT_TRUE(file.resize(200 << 20));
     QElapsedTimer timer;
     timer.start();
     EXPECT_EQ(refusal(path), unreadable);
