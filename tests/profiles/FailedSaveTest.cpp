@@ -1,110 +1,19 @@
 #include "platform/RegularFile.h"
-#include "profiles/DefaultLayout.h"
-#include "profiles/JsonWriter.h"
-#include "profiles/TapPositionMappings.h"
-#include "tests/profiles/FailingDisk.h"
-#include "tests/support/TestPlatform.h"
+#include "tests/profiles/PreferencesOnDisk.h"
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <fstream>
-#include <set>
 
 namespace brimlow {
 
 using namespace Qt::StringLiterals;
-using platform::NSUserDefaults;
-using test::FailingDisk;
-using test::FileCall;
-namespace fs = std::filesystem;
+using namespace test;
 
 namespace {
 
+using platform::NSUserDefaults;
 using Fault = std::function<int(const FileCall&)>;
-
-struct Start {
-    const char* name;
-    bool saved = false;    // or there is no file, and no folder either
-    bool linked = false;   // the file is a symbolic link
-    bool leftOver = false; // a crash has left half a new file behind
-};
-
-constexpr Start starts[] = {
-    {.name = "first"},
-    {.name = "later", .saved = true},
-    {.name = "dangling link", .linked = true},
-    {.name = "link", .saved = true, .linked = true},
-};
-constexpr Start startsAfterCrash[] = {
-    {.name = "first after a crash", .leftOver = true},
-    {.name = "later after a crash", .saved = true, .leftOver = true},
-    {.name = "link after a crash", .saved = true, .linked = true, .leftOver = true},
-};
-
-QString preferencesIn(const fs::path& root) {
-    return QString::fromStdString((root / "brimlow/preferences.json").string());
-}
-
-void saveProfile(NSUserDefaults& defaults, const QString& name) {
-    const TapProfile profile{QUuid::createUuid(), name, buildDefaultLayout(10)};
-    json::Writer writer(json::DateStrategy::secondsSince2001);
-    writer.value(std::vector{profile});
-    defaults.setData(writer.bytes().value(), TapPositionMappings::profilesKey.toString());
-}
-
-std::map<std::string, std::string> filesBelow(const fs::path& root) {
-    std::map<std::string, std::string> files;
-    for (const auto& each : fs::recursive_directory_iterator(root)) {
-        std::ifstream file(each.path());
-        if (!each.is_directory())
-            files[each.path()] = {std::istreambuf_iterator<char>(file), {}};
-    }
-    return files;
-}
-
-/// What the next start finds, "Default" being nothing. Anything amiss fails the test.
-QString profileFound(const fs::path& root) {
-    test::CapturedLog log;
-    NSUserDefaults defaults(preferencesIn(root), log);
-    const TapPositionMappings store(10, defaults);
-    EXPECT_EQ(store.activeProfile()->bindings.size(), 10U);
-    defaults.setBool(true, u"again"_s);
-    EXPECT_EQ(log.take(), QStringList());
-    for (const auto& [path, bytes] : filesBelow(root))
-        EXPECT_EQ(fs::path(path).extension(), ".json"); // neither damaged nor left behind
-    return store.activeProfile()->name;
-}
-
-/// Preferences that hold the profile "old" or none.
-class World {
-public:
-    explicit World(const Start& start) {
-        fs::create_directories(root);
-        if (start.linked) {
-            fs::create_directory(root / "brimlow");
-            fs::create_symlink("../elsewhere/real.json", root / "brimlow/preferences.json");
-        }
-        if (start.saved)
-            saveProfile(*std::make_unique<NSUserDefaults>(path, log), u"old"_s);
-        const fs::path target = root / (start.linked ? "elsewhere" : "brimlow");
-        if (start.leftOver) {
-            fs::create_directories(target);
-            const char* name = start.linked ? ".real.json" : ".preferences.json";
-            std::ofstream(target / (std::string(name) + ".brimlow-new")) << R"({"half":)";
-        }
-        defaults = std::make_unique<NSUserDefaults>(path, log, &time);
-    }
-
-    test::TestPlatform platform;
-    platform::VirtualTime& time = platform.time;
-    test::CapturedLog& log = platform.log;
-    fs::path root = platform.folder.filePath(u"disk"_s).toStdString();
-    fs::path scratch = platform.folder.filePath(u"after"_s).toStdString();
-    QString path = preferencesIn(root);
-    std::unique_ptr<NSUserDefaults> defaults;
-};
 
 /// The calls of saving "new", with `fault` in them.
 std::vector<FileCall> save(World& world, const Fault& fault) {
@@ -116,25 +25,6 @@ std::vector<FileCall> save(World& world, const Fault& fault) {
     };
     saveProfile(*world.defaults, u"new"_s);
     return calls;
-}
-
-void checkPowerCuts(const Start& start) {
-    SCOPED_TRACE(start.name);
-    World world(start);
-    FailingDisk disk(world.root);
-    std::set<QString> found;
-    const auto cutPower = [&] {
-        disk.forEachPowerCut(world.scratch, [&] { found.insert(profileFound(world.scratch)); });
-    };
-    disk.before = [&](const FileCall&) {
-        cutPower();
-        return 0;
-    };
-    saveProfile(*world.defaults, u"new"_s);
-    EXPECT_EQ(found, (std::set{start.saved ? u"old"_s : u"Default"_s, u"new"_s}));
-    found.clear();
-    cutPower();
-    EXPECT_EQ(found, std::set{u"new"_s});
 }
 
 /// What the log says where `call` fails; a file that is written and synchronised may fail to close.
@@ -193,14 +83,7 @@ void checkFailuresOfEachCall(const Start& start, const char* chance, int error) 
 
 } // namespace
 
-TEST(Durability, APowerCutLeavesTheOldOrTheNewContentsAndAfterTheSaveTheNew) {
-    for (const Start& start : starts)
-        checkPowerCuts(start);
-    for (const Start& start : startsAfterCrash)
-        checkPowerCuts(start);
-}
-
-TEST(Durability, AFailingCallIsToldAndMadeUpForAtTheNextChance) {
+TEST(FailedSave, AFailingCallIsToldAndMadeUpForAtTheNextChance) {
     for (const Start& start : starts) {
         for (const char* chance : chances) {
             for (const int error : {ENOSPC, EIO, EROFS, EDQUOT, EACCES}) {
@@ -212,7 +95,7 @@ TEST(Durability, AFailingCallIsToldAndMadeUpForAtTheNextChance) {
     }
 }
 
-TEST(Durability, AShortWriteGoesOn) {
+TEST(FailedSave, AShortWriteGoesOn) {
     const auto write = [](int second) {
         return [second, count = 0](const FileCall& call) mutable {
             if (call.name != "write" || count == 2)
@@ -229,7 +112,7 @@ TEST(Durability, AShortWriteGoesOn) {
     }
 }
 
-TEST(Durability, ADiskThatCannotSynchroniseIsToldOnceAndItsFailuresAsWell) {
+TEST(FailedSave, ADiskThatCannotSynchroniseIsToldOnceAndItsFailuresAsWell) {
     for (const int error : {EINVAL, ENOSYS, ENOTSUP}) {
         World world({.name = "later", .saved = true});
         const auto cannot = [&](const FileCall& call) { return call.name == "fsync" ? error : 0; };
@@ -249,7 +132,7 @@ TEST(Durability, ADiskThatCannotSynchroniseIsToldOnceAndItsFailuresAsWell) {
     }
 }
 
-TEST(Durability, WhatCannotBeReadIsNeverWritten) {
+TEST(FailedSave, WhatCannotBeReadIsNeverWritten) {
     for (const char* name : {"open", "read"}) {
         World world({.name = "later", .saved = true});
         const auto before = filesBelow(world.root);
@@ -265,7 +148,7 @@ TEST(Durability, WhatCannotBeReadIsNeverWritten) {
     }
 }
 
-TEST(Durability, AFolderThatIsRemovedIsMadeAgain) {
+TEST(FailedSave, AFolderThatIsRemovedIsMadeAgain) {
     World world({.name = "later", .saved = true});
     fs::remove_all(world.root);
     saveProfile(*world.defaults, u"new"_s);
@@ -273,7 +156,7 @@ TEST(Durability, AFolderThatIsRemovedIsMadeAgain) {
     EXPECT_EQ(profileFound(world.root), u"new"_s);
 }
 
-TEST(Durability, AFolderThatCannotBeWrittenToIsTriedAgain) {
+TEST(FailedSave, AFolderThatCannotBeWrittenToIsTriedAgain) {
     if (geteuid() == 0)
         GTEST_SKIP() << "root may write everywhere";
     World world({.name = "later", .saved = true});
