@@ -1,5 +1,7 @@
 #include "platform/JsonText.h"
 
+#include <string_view>
+
 namespace brimlow::platform {
 
 namespace {
@@ -18,6 +20,10 @@ QByteArray jsonText(const QJsonDocument& document, QJsonDocument::JsonFormat for
 }
 
 QByteArray withMarksEscaped(QByteArray text) {
+    // There is hardly ever one, and this looks several times as fast as QByteArray does.
+    const std::string_view view(text.constData(), static_cast<std::size_t>(text.size()));
+    if (view.find(byteOrderMark) == std::string_view::npos)
+        return text;
     return text.replace(byteOrderMark, "\\ufeff");
 }
 

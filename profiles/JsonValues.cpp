@@ -1,8 +1,8 @@
 #include "profiles/JsonValues.h"
 
 #include <QDateTime>
-#include <QRegularExpression>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -23,16 +23,43 @@ bool hasFourDigitYear(double secondsSince1970) {
     return secondsSince1970 >= year1 && secondsSince1970 < year10000;
 }
 
-std::optional<Date> iso8601Date(const QString& text) {
-    // Qt alone would also take fractions, bare dates, missing zones and the hour 24.
-    static const QRegularExpression form(
-        uR"(\A\d{4}-\d\d-\d\dT([01]\d|2[0-3]):\d\d:\d\d(Z|[+-]\d\d:\d\d)\z)"_s);
-    if (!form.match(text).hasMatch())
+/// Whether `text` looks like `form`, in which 0 stands for any digit and x for a hexadecimal one.
+bool hasForm(QStringView text, QStringView form) {
+    const auto fits = [](QChar each, QChar wanted) {
+        const char16_t letter = each.toUpper().unicode();
+        const bool digit = letter >= u'0' && letter <= u'9';
+        if (wanted == u'0')
+            return digit;
+        return wanted == u'x' ? digit || (letter >= u'A' && letter <= u'F') : each == wanted;
+    };
+    return std::equal(text.begin(), text.end(), form.begin(), form.end(), fits);
+}
+
+/// Seconds in hours and minutes, "hh:mm"; none beyond a day.
+std::optional<int> secondsIn(QStringView hoursAndMinutes) {
+    const int hours = hoursAndMinutes.first(2).toInt();
+    const int minutes = hoursAndMinutes.last(2).toInt();
+    return hours < 24 && minutes < 60 ? std::optional(hours * 3600 + minutes * 60) : std::nullopt;
+}
+
+/// By hand: Qt also takes fractions, bare dates, missing zones and the hour 24, and is slow.
+std::optional<Date> iso8601Date(QStringView text) {
+    constexpr qsizetype zoneBegin = 19;
+    const QStringView zone = text.sliced(std::min(zoneBegin, text.size()));
+    const bool utc = zone == u"Z";
+    if (!hasForm(text.chopped(zone.size()), u"0000-00-00T00:00:00")
+        || !(utc || hasForm(zone, u"+00:00") || hasForm(zone, u"-00:00")))
         return std::nullopt;
-    const auto moment = QDateTime::fromString(text, Qt::ISODate);
-    const auto seconds = static_cast<double>(moment.toSecsSinceEpoch());
-    return moment.isValid() && hasFourDigitYear(seconds) ? std::optional(Date{seconds})
-                                                         : std::nullopt;
+    const QDate day(text.first(4).toInt(), text.sliced(5, 2).toInt(), text.sliced(8, 2).toInt());
+    const auto time = secondsIn(text.sliced(11, 5));
+    const int seconds = text.sliced(17, 2).toInt();
+    const auto offset = utc ? std::optional(0) : secondsIn(zone.sliced(1));
+    if (!day.isValid() || !time || seconds > 59 || !offset)
+        return std::nullopt;
+    const double local =
+        static_cast<double>(QDate(1970, 1, 1).daysTo(day)) * 86400 + *time + seconds;
+    const double result = zone.front() == u'-' ? local + *offset : local - *offset;
+    return hasFourDigitYear(result) ? std::optional(Date{result}) : std::nullopt;
 }
 
 } // namespace
@@ -67,8 +94,8 @@ std::optional<std::uint32_t> unsigned32(const QJsonValue& value) {
 
 std::optional<QUuid> uuid(const QString& text) {
     // Qt alone would also take braces around it, and anything behind it.
-    const QUuid id = QUuid::fromString(text);
-    return uuidText(id) == text.toUpper() ? std::optional(id) : std::nullopt;
+    const bool canonical = hasForm(text, u"xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx");
+    return canonical ? std::optional(QUuid::fromString(text)) : std::nullopt;
 }
 
 std::optional<QUuid> uuid(const QJsonValue& value) {

@@ -2,6 +2,7 @@
 
 #include "platform/JsonText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -74,19 +75,30 @@ std::optional<QByteArray> Writer::bytes() const {
 }
 
 void Writer::appendQuoted(std::string_view utf8) {
+    const auto isPlain = [](char character) {
+        return static_cast<unsigned char>(character) >= 0x20 && character != '"'
+               && character != '\\';
+    };
     bytes_ += '"';
-    for (const char character : utf8) {
-        if (static_cast<unsigned char>(character) < 0x20) {
-            std::array<char, 7> escape{};
-            std::snprintf(escape.data(), escape.size(), "\\u%04x", character);
-            bytes_ += escape.data();
-            continue;
-        }
-        if (character == '"' || character == '\\')
-            bytes_ += '\\';
-        bytes_ += character;
+    for (auto rest = utf8.begin(); rest != utf8.end();) {
+        const auto special = std::find_if_not(rest, utf8.end(), isPlain);
+        bytes_.append(&*rest, special - rest);
+        rest = special;
+        if (special != utf8.end())
+            appendEscaped(*rest++);
     }
     bytes_ += '"';
+}
+
+void Writer::appendEscaped(char character) {
+    if (character == '"' || character == '\\') {
+        bytes_ += '\\';
+        bytes_ += character;
+        return;
+    }
+    std::array<char, 7> escape{};
+    std::snprintf(escape.data(), escape.size(), "\\u%04x", character);
+    bytes_ += escape.data();
 }
 
 } // namespace brimlow::json

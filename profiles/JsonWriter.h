@@ -56,6 +56,7 @@ private:
     void end(char bracket);
     void separate();
     void appendQuoted(std::string_view utf8);
+    void appendEscaped(char character);
 
     DateStrategy dates_;
     QByteArray bytes_;

@@ -68,18 +68,25 @@ private:
     qsizetype members_ = 0;
 };
 
-qsizetype memberCount(const QJsonValue& value) {
+qsizetype memberCount(const QJsonValue& value);
+
+/// Of the containers among `children` alone: to make a value of each text would take most of the
+/// time.
+template<typename Container>
+qsizetype memberCountBelow(const Container& children) {
     qsizetype count = 0;
-    if (value.isArray()) {
-        for (const auto& element : value.toArray())
-            count += memberCount(element);
-    } else if (value.isObject()) {
-        const QJsonObject object = value.toObject();
-        count = object.size();
-        for (const auto& member : object)
-            count += memberCount(member);
+    for (const QJsonValueConstRef child : children) {
+        if (child.isArray() || child.isObject())
+            count += memberCount(child);
     }
     return count;
+}
+
+qsizetype memberCount(const QJsonValue& value) {
+    if (value.isArray())
+        return memberCountBelow(value.toArray());
+    const QJsonObject object = value.toObject();
+    return object.size() + memberCountBelow(object);
 }
 
 } // namespace
