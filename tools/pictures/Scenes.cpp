@@ -1,0 +1,52 @@
+#include "tools/pictures/Scenes.h"
+
+#include "ui/controls/FocusRing.h"
+
+#include <QCoreApplication>
+#include <QLineEdit>
+#include <QMouseEvent>
+
+namespace brimlow::pictures {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr auto poseProperty = "pose";
+
+void hover(QWidget& part) {
+    part.setAttribute(Qt::WA_UnderMouse);
+    // Push buttons also want to have seen the mouse move.
+    QMouseEvent move(QEvent::MouseMove, part.rect().center(),
+                     part.mapToGlobal(part.rect().center()), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(&part, &move);
+}
+
+} // namespace
+
+void setPose(QWidget* part, Pose pose) {
+    part->setProperty(poseProperty, static_cast<int>(pose));
+}
+
+void pose(QWidget* scene) {
+    for (QWidget* part : scene->findChildren<QWidget*>()) {
+        const QVariant wanted = part->property(poseProperty);
+        if (!wanted.isValid())
+            continue;
+        if (wanted.toInt() == static_cast<int>(Pose::hovered))
+            hover(*part);
+        else if (qobject_cast<QLineEdit*>(part))
+            part->setFocus();
+        else
+            (new controls::FocusRing)->surround(part);
+    }
+}
+
+std::vector<Scene> scenes() {
+    return {
+        {u"symbols"_s, makeSymbols},
+        {u"components"_s, makeComponents},
+    };
+}
+
+} // namespace brimlow::pictures

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+namespace brimlow::pictures {
+
+/// Something to take a picture of, as high and wide as it asks to be.
+struct Scene {
+    QString name;
+    std::unique_ptr<QWidget> (*make)();
+};
+
+/// Makes a part of a scene look as if the mouse were on it, or had the focus by the keyboard.
+enum class Pose { hovered, focused };
+void setPose(QWidget* part, Pose pose);
+
+/// Has all parts take their poses; the scene has to be on screen.
+void pose(QWidget* scene);
+
+/// All scenes; a new one is a line here.
+std::vector<Scene> scenes();
+
+std::unique_ptr<QWidget> makeSymbols();
+std::unique_ptr<QWidget> makeComponents();
+
+} // namespace brimlow::pictures
