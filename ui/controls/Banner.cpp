@@ -13,18 +13,18 @@ using namespace Qt::StringLiterals;
 using style::Role;
 
 Banner::Banner(const QString& heading, const QString& text, QWidget* parent)
-    : QFrame(parent), text_(new Caption({}, Role::noticeText)), buttons_(new FlowLayout) {
+    : QFrame(parent), text_(new Caption({}, Role::noticeText)), buttons_(new FlowLayout),
+      rows_(new QVBoxLayout) {
     style::setRole(this, Role::notice);
-    auto* column = new QVBoxLayout;
-    column->setSpacing(4);
+    rows_->setSpacing(4);
     if (!heading.isEmpty()) {
         auto* title = new QLabel(heading);
         title->setTextFormat(Qt::PlainText);
         style::setRole(title, Role::heading);
-        column->addWidget(title);
+        rows_->addWidget(title);
     }
-    column->addWidget(text_);
-    column->addLayout(buttons_);
+    rows_->addWidget(text_);
+    rows_->addLayout(buttons_);
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(14, 12, 14, 12);
@@ -33,7 +33,7 @@ Banner::Banner(const QString& heading, const QString& text, QWidget* parent)
     layout->addWidget(
         new SymbolLabel(u"exclamationmark.triangle.fill"_s, size, &style::Theme::orangeSymbol), 0,
         Qt::AlignTop);
-    layout->addLayout(column, 1);
+    layout->addLayout(rows_, 1);
     setAccessibleName(heading.isEmpty() ? text : heading);
     setText(text);
 }
@@ -46,6 +46,11 @@ void Banner::setText(const QString& text) {
 void Banner::addButton(QPushButton* button) {
     buttons_->setContentsMargins(0, 6, 0, 0);
     buttons_->addWidget(button);
+}
+
+void Banner::add(QWidget* row) {
+    rows_->addSpacing(6);
+    rows_->addWidget(row);
 }
 
 } // namespace brimlow::controls

@@ -3,6 +3,7 @@
 #include <QFrame>
 
 class QPushButton;
+class QVBoxLayout;
 
 namespace brimlow::controls {
 
@@ -19,10 +20,13 @@ public:
 
     void setText(const QString& text);
     void addButton(QPushButton* button);
+    /// Below the buttons.
+    void add(QWidget* row);
 
 private:
     Caption* text_;
     FlowLayout* buttons_;
+    QVBoxLayout* rows_;
 };
 
 } // namespace brimlow::controls

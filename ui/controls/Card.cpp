@@ -8,7 +8,6 @@
 namespace brimlow::controls {
 
 namespace {
-constexpr int sidePadding = 14;
 constexpr int padding = 12;
 } // namespace
 

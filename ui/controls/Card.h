@@ -12,6 +12,8 @@ class Card : public QFrame {
     Q_OBJECT
 
 public:
+    static constexpr int sidePadding = 14;
+
     explicit Card(QWidget* parent = nullptr);
 
     void add(QWidget* row);
