@@ -12,6 +12,7 @@
 #include "platform/linux/applications/GioApplications.h"
 #include "platform/linux/icons/ThemeIcons.h"
 #include "platform/simulated/SimulatedInputDevices.h"
+#include "platform/simulated/SimulatedSettings.h"
 #include "platform/x11/X11Session.h"
 #include "tools/desktop/PrivateDesktop.h"
 
@@ -172,8 +173,18 @@ int measure() {
         std::fprintf(stderr, "no desktop to measure on: %s\n", qUtf8Printable(reason));
         return 1;
     }
-    const platform::Platform platform(clock, queue, log, defaults, bundle, devices, applications,
-                                      icons, *session);
+    platform::SimulatedSettings settings;
+    const platform::Platform platform({.clock = clock,
+                                       .mainQueue = queue,
+                                       .log = log,
+                                       .standardUserDefaults = defaults,
+                                       .mainBundle = bundle,
+                                       .inputDevices = devices,
+                                       .applications = applications,
+                                       .icons = icons,
+                                       .session = *session,
+                                       .systemSettings = settings,
+                                       .fileViewer = settings});
     ActionExecutor executor;
     Witness witness(desktop.displayName());
     for (const bool byNumber : {true, false}) {

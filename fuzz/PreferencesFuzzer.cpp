@@ -27,8 +27,7 @@ const QString activeKey = TapPositionMappings::activeKey.toString();
 struct Run {
     Run(test::TestPlatform& world, const QString& path)
         : defaults(path, world.log),
-          platform(world.time, world.time, world.log, defaults, world.bundle, world.devices,
-                   world.applications, world.applications, world.session) {}
+          platform(world.services(defaults, world.applications, world.applications)) {}
 
     platform::NSUserDefaults defaults;
     platform::Platform platform;

@@ -1,8 +1,16 @@
 #include "permissions/PermissionsManager.h"
 
 #include "platform/Accessibility.h"
+#include "platform/Clock.h"
+#include "platform/NSAppleScript.h"
+#include "platform/NSBundle.h"
+#include "platform/NSTask.h"
+#include "platform/NSUserDefaults.h"
+#include "platform/NSWorkspace.h"
 #include "platform/Platform.h"
 #include "platform/Streams.h"
+
+#include <QUrl>
 
 namespace brimlow {
 
@@ -10,8 +18,19 @@ using namespace Qt::StringLiterals;
 using namespace platform;
 
 namespace {
-constexpr double pollingInterval = 2.0; // seconds
+
+// In seconds.
+constexpr double pollingInterval = 2.0;
+constexpr double recheckDelay = 0.5; // the answer may still be on its way
+constexpr double attemptLifetime = 600;
+
+constexpr std::size_t patience = 2; // attempts that are no reason for doubt
+
+QString textOf(bool value) {
+    return value ? u"true"_s : u"false"_s;
 }
+
+} // namespace
 
 void PermissionsManager::startPolling() {
     permissionCheckTimer_.reset();
@@ -36,9 +55,97 @@ void PermissionsManager::checkScreenRecording() {
 
 void PermissionsManager::check(const QString& name, Published<bool>& granted, bool isGranted) {
     if (granted != isGranted)
-        printLine(u"PermissionsManager: "_s + name + u" changed to "_s
-                  + (isGranted ? u"true"_s : u"false"_s));
+        printLine(u"PermissionsManager: "_s + name + u" changed to "_s + textOf(isGranted));
     granted = isGranted;
+}
+
+void PermissionsManager::requestAccessibility() {
+    if (hasPromptedAccessibility) {
+        checkAccessibility();
+        return;
+    }
+    const bool granted = AXIsProcessTrustedWithOptions(AXTrustedCheckOptionPrompt::yes);
+    accessibilityGranted = granted;
+    hasPromptedAccessibility = true;
+    printLine(u"PermissionsManager: AXIsProcessTrustedWithOptions → "_s + textOf(granted));
+}
+
+void PermissionsManager::requestScreenRecording() {
+    if (hasPromptedScreenRecording) {
+        checkScreenRecording();
+        return;
+    }
+    const bool granted = CGRequestScreenCaptureAccess();
+    hasPromptedScreenRecording = true;
+    printLine(u"PermissionsManager: CGRequestScreenCaptureAccess → "_s + textOf(granted));
+    Platform::current().mainQueue.after(recheckDelay,
+                                        lifetime_.guard([this] { checkScreenRecording(); }));
+}
+
+void PermissionsManager::requestAppleEvents() {
+    if (hasPromptedAppleEvents)
+        return;
+    const auto script = NSAppleScript::initWithSource(consentSource);
+    if (!script)
+        return;
+    NSAppleScriptError error;
+    script->executeAndReturnError(error);
+    hasPromptedAppleEvents = true;
+    if (!error.isEmpty())
+        printErrorLine(u"PermissionsManager: AppleEvents request: "_s
+                       + error.message().value_or(u"unknown error"_s));
+}
+
+std::vector<double> PermissionsManager::recentGrantAttempts() const {
+    const auto log = Platform::current().standardUserDefaults.arrayForKey(grantAttemptsKey);
+    if (!log)
+        return {};
+    const double oldest = Platform::current().clock.wallClock().secondsSince1970 - attemptLifetime;
+    std::vector<double> attempts;
+    for (const QJsonValue& attempt : *log) {
+        if (!attempt.isDouble())
+            return {};
+        if (attempt.toDouble() >= oldest)
+            attempts.push_back(attempt.toDouble());
+    }
+    return attempts;
+}
+
+void PermissionsManager::recordGrantAttempt() {
+    QJsonArray log;
+    for (const double attempt : recentGrantAttempts())
+        log.append(attempt);
+    log.append(Platform::current().clock.wallClock().secondsSince1970);
+    Platform::current().standardUserDefaults.setArray(log, grantAttemptsKey);
+}
+
+bool PermissionsManager::hasStuckPermissionState() const {
+    return !accessibilityGranted && recentGrantAttempts().size() > patience;
+}
+
+bool PermissionsManager::resetAllTCCForSelf() {
+    const QString identifier = Platform::current().mainBundle.bundleIdentifier();
+    const auto ending = NSTask::run(
+        u"/usr/bin/tccutil"_s,
+        {u"reset"_s, u"All"_s, identifier.isEmpty() ? builtInBundleIdentifier : identifier});
+    if (!ending.terminationStatus)
+        printLine(u"PermissionsManager: tccutil failed: "_s + ending.error);
+    if (ending.terminationStatus != 0)
+        return false;
+    Platform::current().standardUserDefaults.removeObjectForKey(grantAttemptsKey);
+    hasPromptedAccessibility = false;
+    hasPromptedScreenRecording = false;
+    hasPromptedAppleEvents = false;
+    return true;
+}
+
+void PermissionsManager::open(const QString& address) {
+    if (QUrl(address, QUrl::StrictMode).isValid())
+        NSWorkspace::openURL(address);
+}
+
+void PermissionsManager::revealAppInFinder() {
+    NSWorkspace::activateFileViewerSelecting(Platform::current().mainBundle.bundlePath());
 }
 
 } // namespace brimlow

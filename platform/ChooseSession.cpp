@@ -12,10 +12,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-std::unique_ptr<Session> noSession(const QString& reason) {
-    auto session = std::make_unique<NoSession>(reason);
+std::unique_ptr<Session> noSession(const QString& reason, const QString& remedy) {
+    auto session = std::make_unique<NoSession>(reason, remedy);
     StandardStreams().write(Stream::error,
-                            "Brimlow: " + session->abilities().missing.toUtf8() + '\n');
+                            "Brimlow: " + session->abilities().complaint().toUtf8() + '\n');
     return session;
 }
 
@@ -50,13 +50,15 @@ private:
 std::unique_ptr<Session> chooseSession(Applications& applications,
                                        std::function<void(const QString&)> whenLost) {
     if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
-        return noSession(u"Wayland desktops are not supported yet"_s);
+        return noSession(u"Wayland desktops are not supported yet"_s,
+                         u"Choose an X11 (Xorg) session when you log in."_s);
+    const QString fromDesktop = u"Start Brimlow from your desktop."_s;
     if (!qEnvironmentVariableIsSet("DISPLAY"))
-        return noSession(u"there is no X server: DISPLAY is not set"_s);
+        return noSession(u"there is no X server: DISPLAY is not set"_s, fromDesktop);
     QString reason;
     auto session = X11Session::connect({}, applications, reason);
     if (!session)
-        return noSession(reason);
+        return noSession(reason, fromDesktop);
     return std::make_unique<WatchedX11Session>(std::move(session), std::move(whenLost));
 }
 

@@ -8,11 +8,20 @@
 
 namespace brimlow::platform {
 
-/// A trackpad that exists but cannot be opened by this process.
-struct UnreadableTrackpad {
-    QString name;   // as the kernel calls it
-    QString node;   // "/dev/input/event5"
-    QString reason; // one clause, as the system words it: "Permission denied"
+/// What makes a trackpad readable.
+enum class TrackpadRemedy {
+    none,        // it is
+    installRule, // the udev rule that opens pointers to the user at the screen
+    applyRule,   // the rule is installed, and udev has not looked at this device since
+    reconnect,   // nothing that a rule could mend
+};
+
+/// A trackpad that exists.
+struct Trackpad {
+    QString name;           // as the kernel calls it
+    QString node;           // "/dev/input/event5"
+    QString complaint = {}; // why it cannot be read: "Permission denied"; empty when it can
+    TrackpadRemedy remedy = TrackpadRemedy::none;
 };
 
 /// What a button listener hears, on the reader's own thread.
@@ -36,9 +45,9 @@ public:
     /// Whether there is an input subsystem to watch, or a recording to play. Main thread.
     virtual bool available() = 0;
 
-    /// Asks once more for those that could not be opened, so permission that arrived in the
-    /// meantime takes effect. Main thread.
-    virtual std::vector<UnreadableTrackpad> unreadableTrackpads() = 0;
+    /// All of them. Those that could not be opened are tried once more, so permission that arrived
+    /// in the meantime takes effect. Main thread.
+    virtual std::vector<Trackpad> trackpads() = 0;
 
     /// The handler is called on the reader's thread and must not block. Main thread.
     virtual std::unique_ptr<ButtonListener> listen(std::function<void(ButtonNotice)> handler) = 0;

@@ -19,7 +19,8 @@ NSBundle NSBundle::forApplicationAt(const QString& executablePath) {
     if (info.open(QIODevice::ReadOnly))
         dictionary = QJsonDocument::fromJson(info.readAll()).object();
     const QString image = qEnvironmentVariable("APPIMAGE");
-    return {image.isEmpty() ? executablePath : image, dictionary};
+    return {image.isEmpty() ? executablePath : image, dictionary,
+            QDir::cleanPath(programs.filePath(u"../libexec/brimlow"_s))};
 }
 
 std::optional<NSBundle> NSBundle::initWithURL(const QString& path) {

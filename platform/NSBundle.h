@@ -7,6 +7,9 @@
 
 namespace brimlow::platform {
 
+/// This program's identifier, also where its packaging names none.
+inline const QString builtInBundleIdentifier = QStringLiteral("org.brimlow.Brimlow");
+
 /// A program: where it stands and what packaging says of it. Any thread.
 class NSBundle {
 public:
@@ -20,8 +23,10 @@ public:
     /// bundle is. A slash at the end of `path` is left out.
     static std::optional<NSBundle> initWithURL(const QString& path);
 
-    NSBundle(QString bundlePath, QJsonObject infoDictionary)
-        : bundlePath_(std::move(bundlePath)), infoDictionary_(std::move(infoDictionary)) {}
+    /// `auxiliaryFolder`: where the programs are that come with this one.
+    NSBundle(QString bundlePath, QJsonObject infoDictionary, QString auxiliaryFolder = {})
+        : bundlePath_(std::move(bundlePath)), infoDictionary_(std::move(infoDictionary)),
+          auxiliaryFolder_(std::move(auxiliaryFolder)) {}
 
     const QString& bundlePath() const { return bundlePath_; }
     const QJsonObject& infoDictionary() const { return infoDictionary_; }
@@ -31,10 +36,15 @@ public:
     }
     /// Empty when packaging names none.
     QString bundleIdentifier() const;
+    /// Where a program of that name would be that comes with this one, whether it is there or not.
+    QString pathForAuxiliaryExecutable(const QString& name) const {
+        return auxiliaryFolder_ + u'/' + name;
+    }
 
 private:
     QString bundlePath_;
     QJsonObject infoDictionary_;
+    QString auxiliaryFolder_;
 };
 
 } // namespace brimlow::platform

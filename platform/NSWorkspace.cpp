@@ -1,9 +1,11 @@
 #include "platform/NSWorkspace.h"
 
 #include "platform/Applications.h"
+#include "platform/FileViewer.h"
 #include "platform/Icons.h"
 #include "platform/Platform.h"
 #include "platform/Streams.h"
+#include "platform/SystemSettings.h"
 
 namespace brimlow::platform {
 
@@ -27,6 +29,17 @@ void NSWorkspace::openApplicationAtURL(const QString& path) {
     if (const auto outcome = platform.applications.launch(entry->id, platform.session.startup());
         !outcome)
         printErrorLine(u"Brimlow: \"%1\" cannot be started: %2"_s.arg(entry->name, outcome.reason));
+}
+
+bool NSWorkspace::openURL(const QString& address) {
+    const auto pane = settingsPane(address);
+    if (pane)
+        Platform::current().systemSettings.open(*pane);
+    return pane.has_value();
+}
+
+void NSWorkspace::activateFileViewerSelecting(const QString& path) {
+    Platform::current().fileViewer.reveal(path);
 }
 
 QImage NSWorkspace::iconForFile(const QString& path, int points) {

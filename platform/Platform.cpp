@@ -8,12 +8,8 @@ namespace {
 Platform* currentPlatform = nullptr;
 }
 
-Platform::Platform(Clock& theClock, MainQueue& theQueue, LogSink& theLog,
-                   NSUserDefaults& theDefaults, NSBundle& theBundle, InputDevices& theDevices,
-                   Applications& theApplications, Icons& theIcons, Session& theSession)
-    : clock(theClock), mainQueue(theQueue), log(theLog), standardUserDefaults(theDefaults),
-      mainBundle(theBundle), inputDevices(theDevices), applications(theApplications),
-      icons(theIcons), session(theSession), previous_(currentPlatform) {
+Platform::Platform(const PlatformServices& services)
+    : PlatformServices(services), previous_(currentPlatform) {
     currentPlatform = this;
 }
 

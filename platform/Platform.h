@@ -4,6 +4,7 @@ namespace brimlow::platform {
 
 class Applications;
 class Clock;
+class FileViewer;
 class Icons;
 class InputDevices;
 class LogSink;
@@ -11,21 +12,11 @@ class MainQueue;
 class NSBundle;
 class NSUserDefaults;
 class Session;
+class SystemSettings;
 
-/// Everything the process asks of the system it runs on. The services of this folder
-/// (AXIsProcessTrusted, NSWorkspace, ...) are process-wide by nature and look here; each program
-/// and each test makes one, which is current until it is destroyed. All members outlive it.
-struct Platform {
-    Platform(Clock& theClock, MainQueue& theQueue, LogSink& theLog, NSUserDefaults& theDefaults,
-             NSBundle& theBundle, InputDevices& theDevices, Applications& theApplications,
-             Icons& theIcons, Session& theSession);
-    ~Platform();
-    Platform(const Platform&) = delete;
-    Platform& operator=(const Platform&) = delete;
-
-    /// The one that was made last. Asking without one is a programming error and aborts.
-    static Platform& current();
-
+/// What a process asks of the system it runs on, one service each. All of them outlive the
+/// platform that is made of them.
+struct PlatformServices {
     Clock& clock;
     MainQueue& mainQueue;
     LogSink& log;
@@ -35,6 +26,21 @@ struct Platform {
     Applications& applications;
     Icons& icons;
     Session& session;
+    SystemSettings& systemSettings;
+    FileViewer& fileViewer;
+};
+
+/// The services that are in force. The functions and classes of this folder (AXIsProcessTrusted,
+/// NSWorkspace, ...) are process-wide by nature and look here; each program and each test makes
+/// one, which is current until it is destroyed.
+struct Platform : PlatformServices {
+    explicit Platform(const PlatformServices& services);
+    ~Platform();
+    Platform(const Platform&) = delete;
+    Platform& operator=(const Platform&) = delete;
+
+    /// The one that was made last. Asking without one is a programming error and aborts.
+    static Platform& current();
 
 private:
     Platform* previous_;

@@ -94,13 +94,16 @@ public:
     virtual void abandon(const QString& token) = 0;
 };
 
-/// What a session can do, in words for its user.
+/// What a session can do, or why it cannot, in words for its user.
 struct Abilities {
-    QString sessionName;          // "X11 (Openbox)"
-    bool controlsWindows = false; // can list, activate, hide and close windows of others
-    bool readsTitles = false;
-    bool switchesWorkspaces = false;
-    QString missing; // what is missing and why, one sentence; empty when nothing is
+    QString sessionName;     // "X11 (Openbox)"
+    Outcome controlsWindows; // to list, activate, hide and close windows of others
+    Outcome readsTitles;
+    Outcome switchesWorkspaces;
+    QString remedy; // what to do about what is missing, one sentence; empty when nothing is
+
+    /// What keeps windows from being controlled and what to do about it; empty when nothing does.
+    QString complaint() const;
 };
 
 /// One desktop session. All of it runs on the main thread; nothing here throws.

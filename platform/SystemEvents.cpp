@@ -3,6 +3,7 @@
 #include "platform/NSRunningApplication.h"
 #include "platform/OwnedWindows.h"
 #include "platform/Platform.h"
+#include "platform/SystemSettings.h"
 
 #include <algorithm>
 #include <functional>
@@ -19,6 +20,7 @@ constexpr int rightArrow = 124;
 // As Apple events number them.
 constexpr int eventNotHandled = -10000;
 constexpr int noSuchObject = -1728;
+constexpr int notPermitted = -1743;
 
 SystemEventsAnswer failure(int number, const QString& why) {
     return {{}, number, why};
@@ -96,6 +98,23 @@ struct Answerer {
             return answer;
         for (const Window& window : *windows)
             answer.text += u"  | "_s + window.title + u'\n';
+        return answer;
+    }
+
+    SystemEventsAnswer operator()(const CountFinderWindows&) const {
+        auto& platform = Platform::current();
+        const auto abilities = platform.session.abilities();
+        for (const Outcome& ability : {abilities.switchesWorkspaces, abilities.controlsWindows}) {
+            if (ability)
+                continue;
+            platform.systemSettings.prompt(SettingsPane::automation);
+            return failure(notPermitted, ability.reason);
+        }
+        SystemEventsAnswer answer;
+        const auto windows = windowsOf(u"Finder"_s, answer);
+        // It always runs, and hardly any file manager goes by that name here.
+        if (windows || answer.errorNumber == noSuchObject)
+            return {.text = QString::number(windows ? windows->size() : 0)};
         return answer;
     }
 };

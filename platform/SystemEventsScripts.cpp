@@ -64,6 +64,12 @@ const QString dumpWindowsSource = uR"(tell application "System Events"
     end tell
 end tell)"_s;
 
+const QString consentSource = uR"(tell application "System Events"
+    tell process "Finder"
+        count windows
+    end tell
+end tell)"_s;
+
 namespace {
 
 /// The texts between the quotes of a source made from `templateText`, unescaped; absent when it was
@@ -113,6 +119,8 @@ std::optional<SystemEventsScript> compileForSystemEvents(const QString& source) 
         return FocusWindowByName{literals->at(0), literals->at(1)};
     if (const auto literals = literalsOf(source, dumpWindowsSource))
         return DumpWindows{literals->at(0)};
+    if (source == consentSource)
+        return CountFinderWindows{};
     return std::nullopt;
 }
 

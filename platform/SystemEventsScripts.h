@@ -19,6 +19,10 @@ extern const QString focusWindowSource;
 /// %1: the process, escaped. Answers a line for each of its windows.
 extern const QString dumpWindowsSource;
 
+/// Counts the file manager's windows. Nobody is interested in how many: the request is what asks
+/// for consent to send any other script.
+extern const QString consentSource;
+
 /// As it stands between the quotes of a literal.
 QString escapedForAppleScript(const QString& text);
 
@@ -32,7 +36,9 @@ struct FocusWindowByName {
 struct DumpWindows {
     QString process;
 };
-using SystemEventsScript = std::variant<PressKeyWithControl, FocusWindowByName, DumpWindows>;
+struct CountFinderWindows {};
+using SystemEventsScript =
+    std::variant<PressKeyWithControl, FocusWindowByName, DumpWindows, CountFinderWindows>;
 
 /// Absent for every source but those above.
 std::optional<SystemEventsScript> compileForSystemEvents(const QString& source);

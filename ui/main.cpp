@@ -5,12 +5,18 @@
 #include "platform/QtMainQueue.h"
 #include "platform/Streams.h"
 #include "platform/SystemClock.h"
+#include "platform/linux/access/RuleInstaller.h"
 #include "platform/linux/applications/GioApplications.h"
 #include "platform/linux/evdev/EvdevInputDevices.h"
+#include "platform/linux/fileviewer/DesktopFileViewer.h"
 #include "platform/linux/icons/ThemeIcons.h"
 #include "ui/BrimlowApp.h"
+#include "ui/Display.h"
+#include "ui/access/AccessSettings.h"
+#include "ui/style/ApplicationStyle.h"
+#include "ui/style/DesktopAppearance.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QThreadPool>
 
 #include <csignal>
@@ -22,28 +28,46 @@ int main(int argc, char* argv[]) {
     std::signal(SIGPIPE, SIG_IGN); // a reader of our log that goes away takes nothing with it
     std::setbuf(stdout, nullptr);
     std::setbuf(stderr, nullptr);
-    QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("brimlow"));
+    chooseDisplay();
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("brimlow"));
+    QApplication::setQuitOnLastWindowClosed(false);
 
     platform::SystemClock clock;
     platform::QtMainQueue mainQueue;
     platform::StandardStreams log;
     platform::NSUserDefaults defaults(platform::NSUserDefaults::standardPath(), log, &mainQueue);
-    auto bundle = platform::NSBundle::forApplicationAt(QCoreApplication::applicationFilePath());
+    auto bundle = platform::NSBundle::forApplicationAt(QApplication::applicationFilePath());
     platform::EvdevInputDevices inputDevices;
     platform::GioApplications applications;
     platform::ThemeIcons icons(clock);
     const auto session = platform::chooseSession(applications, [](const QString& reason) {
         platform::printErrorLine(QStringLiteral("Brimlow: %1, so Brimlow ends").arg(reason));
-        QCoreApplication::exit(1);
+        QApplication::exit(1);
     });
-    const platform::Platform platform(clock, mainQueue, log, defaults, bundle, inputDevices,
-                                      applications, icons, *session);
+    style::DesktopAppearance appearance(QDBusConnection::sessionBus());
+    style::ApplicationStyle style(appearance.appearance());
+    style.follow(appearance);
+    platform::RuleInstaller installer(
+        bundle.pathForAuxiliaryExecutable(QStringLiteral("brimlow-access-helper")));
+    AccessSettings settings(installer);
+    platform::DesktopFileViewer fileViewer;
+    const platform::Platform platform({.clock = clock,
+                                       .mainQueue = mainQueue,
+                                       .log = log,
+                                       .standardUserDefaults = defaults,
+                                       .mainBundle = bundle,
+                                       .inputDevices = inputDevices,
+                                       .applications = applications,
+                                       .icons = icons,
+                                       .session = *session,
+                                       .systemSettings = settings,
+                                       .fileViewer = fileViewer});
     BrimlowApp brimlow;
     brimlow.start();
     // Now, so that the first tap does not wait for it.
     QThreadPool::globalInstance()->start([&] { applications.catalogue(); });
-    const int result = QCoreApplication::exec();
+    const int result = QApplication::exec();
     QThreadPool::globalInstance()->waitForDone(); // what runs there looks at the platform
     return result;
 }

@@ -5,10 +5,11 @@ using namespace Qt::StringLiterals;
 namespace brimlow::platform {
 
 Abilities NoSession::abilities() {
-    Abilities abilities;
-    abilities.sessionName = u"None"_s;
-    abilities.missing = u"Windows and workspaces cannot be controlled: "_s + reason_ + u'.';
-    return abilities;
+    return {.sessionName = u"None that Brimlow knows"_s,
+            .controlsWindows = refusal(),
+            .readsTitles = refusal(),
+            .switchesWorkspaces = refusal(),
+            .remedy = remedy_};
 }
 
 } // namespace brimlow::platform

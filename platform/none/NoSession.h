@@ -12,8 +12,9 @@ class NoSession : public Session,
                   private Input,
                   private Startup {
 public:
-    /// `reason`: why, one clause without a full stop.
-    explicit NoSession(QString reason) : reason_(std::move(reason)) {}
+    /// `reason`: why, one clause without a full stop. `remedy`: what to do, one sentence.
+    NoSession(QString reason, QString remedy)
+        : reason_(std::move(reason)), remedy_(std::move(remedy)) {}
 
     Windows& windows() override { return *this; }
     Workspaces& workspaces() override { return *this; }
@@ -37,6 +38,7 @@ private:
     Outcome refusal() const { return Outcome::failure(reason_); }
 
     QString reason_;
+    QString remedy_;
 };
 
 } // namespace brimlow::platform

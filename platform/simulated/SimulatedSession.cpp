@@ -34,11 +34,15 @@ void SimulatedSession::setWorkspaces(int count, int current) {
 }
 
 Abilities SimulatedSession::abilities() {
-    return {.sessionName = u"simulated"_s,
-            .controlsWindows = trusted_,
-            .readsTitles = trusted_ && readsTitles_,
-            .switchesWorkspaces = trusted_,
-            .missing = trusted_ ? QString() : u"The simulated world does not trust us."_s};
+    const auto unless = [](bool able, const QString& reason) {
+        return able ? Outcome::success() : Outcome::failure(reason);
+    };
+    const QString distrust = u"the simulated world does not trust us"_s;
+    return {.sessionName = name_,
+            .controlsWindows = unless(trusted_, distrust),
+            .readsTitles = unless(trusted_ && readsTitles_, u"titles are secret here"_s),
+            .switchesWorkspaces = unless(trusted_, distrust),
+            .remedy = trusted_ && readsTitles_ ? QString() : u"Ask it nicely."_s};
 }
 
 std::optional<std::vector<Window>> SimulatedSession::list() {

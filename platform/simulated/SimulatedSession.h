@@ -24,6 +24,7 @@ public:
     /// closes.
     Window& window(std::uint32_t number);
     void setWorkspaces(int count, int current);
+    void setName(const QString& name) { name_ = name; }
     void setTrusted(bool trusted) { trusted_ = trusted; }
     void setReadsTitles(bool readsTitles) { readsTitles_ = readsTitles; }
     void failNextWindowList() { failWindowListAfter(0); }
@@ -65,6 +66,7 @@ private:
     std::uint32_t lastNumber_ = 0x1400000;
     int workspaceCount_ = 4;
     int currentWorkspace_ = 0;
+    QString name_ = QStringLiteral("simulated");
     bool trusted_ = true;
     bool readsTitles_ = true;
     int listsUntilFailure_ = -1;

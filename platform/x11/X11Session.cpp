@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <array>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -14,7 +15,7 @@ namespace {
 
 struct Need {
     Atom message;
-    QStringView ability; // "The window manager cannot ..."
+    QStringView ability; // "the window manager cannot ..."
 };
 
 constexpr std::array windowNeeds = {
@@ -23,12 +24,19 @@ constexpr std::array windowNeeds = {
     Need{Atom::netWmStateHidden, u"hide windows"},
     Need{Atom::netCloseWindow, u"close windows"},
 };
-constexpr Need workspaceNeed = {Atom::netCurrentDesktop, u"switch workspaces"};
+constexpr std::array titleNeeds = {windowNeeds.front()};
+constexpr std::array workspaceNeeds = {Need{Atom::netCurrentDesktop, u"switch workspaces"}};
 
-QString sentence(const QStringList& inabilities) {
-    return inabilities.isEmpty()
-               ? QString()
-               : u"The window manager cannot "_s + inabilities.join(u" or "_s) + u'.';
+const QString betterManager =
+    u"Use a window manager that keeps to the Extended Window Manager Hints, such as Openbox or Xfwm4."_s;
+
+Abilities without(const QString& reason, const QString& remedy) {
+    const auto no = Outcome::failure(reason);
+    return {.sessionName = u"X11"_s,
+            .controlsWindows = no,
+            .readsTitles = no,
+            .switchesWorkspaces = no,
+            .remedy = remedy};
 }
 
 } // namespace
@@ -46,31 +54,28 @@ X11Session::X11Session(std::unique_ptr<X11Connection> connection, Applications& 
       workspaces_(*connection_), input_(windows_), startup_(*connection_) {}
 
 Abilities X11Session::abilities() {
-    Abilities abilities;
-    abilities.sessionName = u"X11"_s;
-    if (connection_->lost()) {
-        abilities.missing = u"The connection to the X server is lost."_s;
-        return abilities;
-    }
+    if (connection_->lost())
+        return without(u"the connection to the X server is lost"_s, u"Log in again."_s);
     const auto manager = runningWindowManager(*connection_);
-    if (!manager) {
-        abilities.missing =
-            u"No window manager is running, so windows can be neither listed nor controlled."_s;
-        return abilities;
-    }
-    if (!manager->name.isEmpty())
-        abilities.sessionName = u"X11 (%1)"_s.arg(manager->name);
-
-    QStringList inabilities;
-    for (const Need& need : windowNeeds)
-        if (!manager->understands(*connection_, need.message))
-            inabilities += need.ability.toString();
-    abilities.controlsWindows = inabilities.isEmpty();
-    abilities.readsTitles = manager->understands(*connection_, Atom::netClientList);
-    abilities.switchesWorkspaces = manager->understands(*connection_, workspaceNeed.message);
-    if (!abilities.switchesWorkspaces)
-        inabilities += workspaceNeed.ability.toString();
-    abilities.missing = sentence(inabilities);
+    if (!manager)
+        return without(noWindowManager(*connection_).reason, betterManager);
+    const auto judge = [&](std::span<const Need> needs) {
+        QStringList inabilities;
+        for (const Need& need : needs)
+            if (!manager->understands(*connection_, need.message))
+                inabilities += need.ability.toString();
+        return inabilities.isEmpty() ? Outcome::success()
+                                     : Outcome::failure(u"the window manager cannot "_s
+                                                        + inabilities.join(u" or "_s));
+    };
+    Abilities abilities{.sessionName =
+                            manager->name.isEmpty() ? u"X11"_s : u"X11 (%1)"_s.arg(manager->name),
+                        .controlsWindows = judge(windowNeeds),
+                        .readsTitles = judge(titleNeeds),
+                        .switchesWorkspaces = judge(workspaceNeeds),
+                        .remedy = {}};
+    if (!abilities.controlsWindows || !abilities.readsTitles || !abilities.switchesWorkspaces)
+        abilities.remedy = betterManager;
     return abilities;
 }
 

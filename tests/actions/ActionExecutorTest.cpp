@@ -30,7 +30,7 @@ TEST_F(Executor, EveryActionAsksForTrustAndDoesNothingWithoutIt) {
                   u"⚠️ Accessibility NOT granted — prompted user"_s);
         EXPECT_EQ(world.log.take(),
                   (QStringList{u"ActionExecutor: AXIsProcessTrusted = false"_s,
-                               u"Brimlow: The simulated world does not trust us."_s}));
+                               u"Brimlow: "_s + world.session.abilities().complaint()}));
     }
     EXPECT_EQ(world.session.takeJournal(), QStringList());
 }

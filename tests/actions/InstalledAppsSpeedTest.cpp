@@ -85,8 +85,17 @@ TEST(InstalledAppsSpeed, FiveHundredApplicationsHoldNobodyUp) {
     platform::ThemeIcons icons(clock, {scratch.path(u"icons"_s)});
     icons.setAppearance({u"hicolor"_s, 2});
     platform::GioApplications applications({{scratch.path({}), false}});
-    const platform::Platform platform(world.time, queue, world.log, world.defaults, world.bundle,
-                                      world.devices, applications, icons, world.session);
+    const platform::Platform platform({.clock = world.time,
+                                       .mainQueue = queue,
+                                       .log = world.log,
+                                       .standardUserDefaults = world.defaults,
+                                       .mainBundle = world.bundle,
+                                       .inputDevices = world.devices,
+                                       .applications = applications,
+                                       .icons = icons,
+                                       .session = world.session,
+                                       .systemSettings = world.settings,
+                                       .fileViewer = world.settings});
     Round best{1e9, 1e9, 1e9};
     for (int round = 0; round < rounds; ++round) {
         const auto provider = InstalledAppsProvider::make();

@@ -19,7 +19,7 @@ void expectRefusal(platform::Session& session, const QString& reason) {
     const auto abilities = session.abilities();
     EXPECT_FALSE(abilities.controlsWindows || abilities.readsTitles
                  || abilities.switchesWorkspaces);
-    EXPECT_TRUE(abilities.missing.endsWith(u'.'));
+    EXPECT_TRUE(abilities.complaint().endsWith(u'.'));
 }
 
 TEST(X11Connection, TellsWhyAServerCannotBeReached) {
@@ -54,9 +54,12 @@ TEST(X11Connection, FailsWithAReasonOnceTheServerHasGone) {
 }
 
 TEST(NoSession, RefusesEverythingWithItsReason) {
-    platform::NoSession session(u"there is no desktop here"_s);
+    platform::NoSession session(u"there is no desktop here"_s, u"Find one."_s);
     expectRefusal(session, u"there is no desktop here"_s);
     EXPECT_EQ(session.windows().hide(1).reason, u"there is no desktop here"_s);
+    EXPECT_EQ(
+        session.abilities().complaint(),
+        u"Windows and workspaces cannot be controlled: there is no desktop here. Find one."_s);
 }
 
 } // namespace

@@ -49,11 +49,11 @@ TEST_F(Engine, PermissionsArePolledEveryTwoSeconds) {
               (QStringList{u"PermissionsManager: Accessibility changed to false"_s,
                            u"PermissionsManager: Screen Recording changed to false"_s}));
     world.session.setTrusted(true);
-    world.devices.plugInUnreadable({u"Pad"_s, u"/dev/input/event5"_s, u"Permission denied"_s});
+    world.devices.plugIn({u"Pad"_s, u"/dev/input/event5"_s, u"Permission denied"_s});
     wait(2);
     EXPECT_EQ(world.log.take(),
               QStringList(u"PermissionsManager: Screen Recording changed to true"_s));
-    world.devices.grantAll();
+    world.devices.unplugAll();
     wait(2);
     EXPECT_TRUE(permissions.accessibilityGranted);
 }

@@ -47,8 +47,8 @@ TEST(AppleScript, CompilesWhatThisProgramSendsAndNothingElse) {
           Row{focusWindowSource.arg(u"a"_s, u"\" & (do shell script \"x\") & \""_s), false},
           Row{focusWindowSource.arg(u"a"_s, u"a\\n"_s), false},
           Row{focusWindowSource.arg(u"a"_s, u"b\\"_s), false},
-          Row{focusWindowSource.arg(u"a"_s, u"b"_s) + u'\n', false},
-          Row{dumpWindowsSource.arg(u"a"_s), true},
+          Row{focusWindowSource.arg(u"a"_s, u"b"_s) + u'\n', false}, Row{consentSource, true},
+          Row{consentSource + u'\n', false}, Row{dumpWindowsSource.arg(u"a"_s), true},
           Row{dumpWindowsSource.arg(u"a"_s).replace(u"set out"_s, u"set it"_s), false}})
         EXPECT_EQ(NSAppleScript::initWithSource(row.source) != nullptr, row.compiles)
             << row.source.toStdString();
@@ -74,7 +74,9 @@ TEST(AppleScript, ReportsWhatTheSessionRefusesAsAnErrorDictionary) {
 TEST(Accessibility, PromptNamesEachThingThatIsMissing) {
     TestPlatform world;
     world.session.setTrusted(false);
-    world.devices.plugInUnreadable({u"Pad"_s, u"/dev/input/event5"_s, u"Permission denied"_s});
+    world.devices.plugIn({u"Good"_s, u"/dev/input/event4"_s});
+    world.devices.plugIn(
+        {u"Pad"_s, u"/dev/input/event5"_s, u"Permission denied"_s, TrackpadRemedy::installRule});
     EXPECT_FALSE(AXIsProcessTrustedWithOptions(AXTrustedCheckOptionPrompt::no));
     EXPECT_EQ(world.log.take(), QStringList());
     EXPECT_FALSE(AXIsProcessTrustedWithOptions(AXTrustedCheckOptionPrompt::yes));
@@ -82,7 +84,7 @@ TEST(Accessibility, PromptNamesEachThingThatIsMissing) {
     ASSERT_EQ(lines.size(), 2);
     EXPECT_TRUE(lines[0].startsWith(u"Brimlow: The trackpad \"Pad\" (/dev/input/event5) cannot be "
                                     u"read: Permission denied."_s));
-    world.devices.grantAll();
+    world.devices.unplugAll();
     world.session.setTrusted(true);
     EXPECT_TRUE(AXIsProcessTrusted());
 }

@@ -7,6 +7,7 @@
 #include "platform/simulated/SimulatedApplications.h"
 #include "platform/simulated/SimulatedInputDevices.h"
 #include "platform/simulated/SimulatedSession.h"
+#include "platform/simulated/SimulatedSettings.h"
 #include "platform/simulated/VirtualTime.h"
 #include "tests/support/Printing.h"
 
@@ -43,13 +44,30 @@ struct TestPlatform {
     CapturedLog log;
     platform::NSBundle bundle{
         QStringLiteral("/usr/bin/brimlow"),
-        {{QStringLiteral("CFBundleIdentifier"), QStringLiteral("org.brimlow.Brimlow")}}};
+        {{QStringLiteral("CFBundleIdentifier"), platform::builtInBundleIdentifier}},
+        folder.filePath(QStringLiteral("libexec"))};
     platform::SimulatedInputDevices devices;
     platform::SimulatedApplications applications{QStringLiteral("/home/user")};
     platform::SimulatedSession session;
     platform::NSUserDefaults defaults{folder.filePath(QStringLiteral("preferences.json")), log};
-    platform::Platform platform{time,    time,         log,          defaults, bundle,
-                                devices, applications, applications, session};
+    platform::SimulatedSettings settings;
+    platform::Platform platform{services(defaults, applications, applications)};
+
+    /// For tests that put something else in the place of some of it.
+    platform::PlatformServices services(platform::NSUserDefaults& preferences,
+                                        platform::Applications& installed, platform::Icons& icons) {
+        return {.clock = time,
+                .mainQueue = time,
+                .log = log,
+                .standardUserDefaults = preferences,
+                .mainBundle = bundle,
+                .inputDevices = devices,
+                .applications = installed,
+                .icons = icons,
+                .session = session,
+                .systemSettings = settings,
+                .fileViewer = settings};
+    }
 };
 
 } // namespace brimlow::test

@@ -46,6 +46,9 @@ std::vector<Scene> scenes() {
     return {
         {u"symbols"_s, makeSymbols},
         {u"components"_s, makeComponents},
+        {u"access"_s, makeAccess},
+        {u"access-denied"_s, makeAccessDenied},
+        {u"access-limited"_s, makeAccessLimited},
     };
 }
 

@@ -26,5 +26,8 @@ std::vector<Scene> scenes();
 
 std::unique_ptr<QWidget> makeSymbols();
 std::unique_ptr<QWidget> makeComponents();
+std::unique_ptr<QWidget> makeAccess();
+std::unique_ptr<QWidget> makeAccessDenied();
+std::unique_ptr<QWidget> makeAccessLimited();
 
 } // namespace brimlow::pictures

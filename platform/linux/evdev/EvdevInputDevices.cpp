@@ -1,8 +1,17 @@
 #include "platform/linux/evdev/EvdevInputDevices.h"
 
+#include "platform/RegularFile.h"
 #include "platform/linux/evdev/InputReader.h"
 
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
 namespace brimlow::platform {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -31,6 +40,21 @@ private:
     InputReader::ListenerId id_;
 };
 
+bool ruleInstalled() {
+    static constexpr std::array folders{"/etc", "/run", "/usr/local/lib", "/usr/lib", "/lib"};
+    return std::ranges::any_of(folders, [](const char* folder) {
+        return QFile::exists(QLatin1StringView(folder) + u"/udev/rules.d/70-brimlow.rules"_s);
+    });
+}
+
+TrackpadRemedy remedyFor(int error) {
+    if (error == 0)
+        return TrackpadRemedy::none;
+    if (error != EACCES && error != EPERM)
+        return TrackpadRemedy::reconnect;
+    return ruleInstalled() ? TrackpadRemedy::applyRule : TrackpadRemedy::installRule;
+}
+
 } // namespace
 
 EvdevInputDevices::EvdevInputDevices() : reader_(InputReader::shared()) {}
@@ -39,11 +63,12 @@ bool EvdevInputDevices::available() {
     return reader_.available();
 }
 
-std::vector<UnreadableTrackpad> EvdevInputDevices::unreadableTrackpads() {
-    std::vector<UnreadableTrackpad> trackpads;
-    for (const UnreadableNode& node : reader_.retryUnreadable())
+std::vector<Trackpad> EvdevInputDevices::trackpads() {
+    std::vector<Trackpad> trackpads;
+    for (const TrackpadNode& node : reader_.trackpads())
         trackpads.push_back({QString::fromStdString(node.name), QString::fromStdString(node.node),
-                             QString::fromStdString(node.reason)});
+                             node.error == 0 ? QString() : messageOf(node.error),
+                             remedyFor(node.error)});
     return trackpads;
 }
 

@@ -12,7 +12,7 @@ public:
     EvdevInputDevices();
 
     bool available() override;
-    std::vector<UnreadableTrackpad> unreadableTrackpads() override;
+    std::vector<Trackpad> trackpads() override;
     std::unique_ptr<ButtonListener> listen(std::function<void(ButtonNotice)> handler) override;
 
 private:

@@ -11,11 +11,11 @@ enum class ButtonEvent {
     devicesGone,   // a pointer went away
 };
 
-/// A trackpad that is there and cannot be opened.
-struct UnreadableNode {
-    std::string name;   // as the kernel calls it
-    std::string node;   // "/dev/input/event5"
-    std::string reason; // "Permission denied"
+/// A trackpad that is there.
+struct TrackpadNode {
+    std::string name; // as the kernel calls it
+    std::string node; // "/dev/input/event5", or the recording that stands in for one
+    int error = 0;    // errno of opening it; 0 when it is open
 };
 
 } // namespace brimlow::platform

@@ -68,8 +68,10 @@ public:
     }
     void removeListener(ListenerId id) { listeners_.erase(id); }
 
-    std::vector<UnreadableNode> retryUnreadable() {
-        return devices_ ? devices_->retryUnreadable() : std::vector<UnreadableNode>{};
+    std::vector<TrackpadNode> trackpads() {
+        if (hasRecording_)
+            return {recording_};
+        return devices_ ? devices_->trackpads() : std::vector<TrackpadNode>{};
     }
 
     void setSession(SessionState state) {
@@ -96,9 +98,11 @@ private:
             printToStandardError("Brimlow: " + error->text());
             return;
         }
+        auto& recording = std::get<Recording>(result);
         hasRecording_ = true;
+        recording_ = {recording.description.name, path};
         loop.perform([&] {
-            player_.emplace(loop, std::move(std::get<Recording>(result)), identities_, frames_,
+            player_.emplace(loop, std::move(recording), identities_, frames_,
                             [this] { tell(ButtonEvent::leftMouseDown); });
         });
     }
@@ -112,7 +116,8 @@ private:
 
     const std::string onlyTouchpad_;
     const bool playsRecording_;
-    bool hasRecording_ = false; // constant once constructed
+    bool hasRecording_ = false; // constant once constructed, as is
+    TrackpadNode recording_;
     Delivery delivery_ = Delivery::stopped;
     SessionState session_ = SessionState::active;
     FrameHandler frame_;
@@ -169,10 +174,10 @@ void InputReader::removeButtonListener(ListenerId id) {
     sources_->loop.perform([&] { sources_->removeListener(id); });
 }
 
-std::vector<UnreadableNode> InputReader::retryUnreadable() {
-    std::vector<UnreadableNode> unreadable;
-    sources_->loop.perform([&] { unreadable = sources_->retryUnreadable(); });
-    return unreadable;
+std::vector<TrackpadNode> InputReader::trackpads() {
+    std::vector<TrackpadNode> trackpads;
+    sources_->loop.perform([&] { trackpads = sources_->trackpads(); });
+    return trackpads;
 }
 
 void InputReader::setSessionState(SessionState state) {

@@ -56,8 +56,8 @@ public:
     ListenerId addButtonListener(ButtonHandler handler);
     void removeButtonListener(ListenerId id);
 
-    /// Tries those once more that could not be opened; gives the trackpads that still cannot.
-    std::vector<UnreadableNode> retryUnreadable();
+    /// All trackpads; none while inactive. Those that could not be opened are tried once more.
+    std::vector<TrackpadNode> trackpads();
 
     /// While inactive no device is open and nothing is delivered. Initially active.
     void setSessionState(SessionState state);

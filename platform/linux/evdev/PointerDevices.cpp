@@ -169,17 +169,20 @@ void PointerDevices::remove(const std::string& syspath) {
         buttons_(ButtonEvent::devicesGone);
 }
 
-std::vector<UnreadableNode> PointerDevices::retryUnreadable() {
+std::vector<TrackpadNode> PointerDevices::trackpads() {
     const auto before = refused_;
     for (const auto& [syspath, refusal] : before)
         open(refusal.pointer);
-    std::vector<UnreadableNode> unreadable;
-    for (const auto& [syspath, refusal] : refused_) {
-        const PointerNode& pointer = refusal.pointer;
+    std::vector<TrackpadNode> trackpads;
+    const auto add = [&](const PointerNode& pointer, int error) {
         if (pointer.kind == PointerKind::touchpad)
-            unreadable.push_back({pointer.name, pointer.node, reasonOf(refusal.error)});
-    }
-    return unreadable;
+            trackpads.push_back({pointer.name, pointer.node, error});
+    };
+    for (const auto& [syspath, device] : devices_)
+        add(device->pointer(), 0);
+    for (const auto& [syspath, refusal] : refused_)
+        add(refusal.pointer, refusal.error);
+    return trackpads;
 }
 
 } // namespace brimlow::platform

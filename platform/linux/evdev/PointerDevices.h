@@ -29,8 +29,8 @@ public:
     PointerDevices(const PointerDevices&) = delete;
     PointerDevices& operator=(const PointerDevices&) = delete;
 
-    /// Tries those once more that could not be opened; gives the trackpads that still cannot.
-    std::vector<UnreadableNode> retryUnreadable();
+    /// All trackpads. Those that could not be opened are tried once more.
+    std::vector<TrackpadNode> trackpads();
 
 private:
     class Device;

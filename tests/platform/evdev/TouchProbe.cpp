@@ -75,8 +75,9 @@ int main(int argc, char** argv) {
     for (std::string line; std::getline(std::cin, line);) {
         if (line == "stop")
             stop(device);
-        for (const UnreadableNode& node : reader.retryUnreadable())
-            say("unreadable " + node.node);
+        for (const TrackpadNode& trackpad : reader.trackpads())
+            if (trackpad.error != 0)
+                say("unreadable " + trackpad.node);
         say("asked");
     }
     stop(device);

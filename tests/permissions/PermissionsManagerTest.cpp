@@ -1,0 +1,188 @@
+#include "permissions/PermissionsManager.h"
+
+#include "tests/support/TestPlatform.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace brimlow::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace platform;
+
+struct Permissions : testing::Test {
+    TestPlatform world;
+    std::optional<PermissionsManager> manager{std::in_place};
+
+    QStringList journal() { return world.settings.takeJournal(); }
+    /// A tool that only ends, in the place of the one that resets.
+    void installTool(int status) {
+        const QString path = world.bundle.pathForAuxiliaryExecutable(u"tccutil"_s);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile tool(path);
+        ASSERT_TRUE(tool.open(QIODevice::WriteOnly));
+        tool.write("#!/bin/sh\n[ \"$*\" = \"reset All org.brimlow.Brimlow\" ] && exit "
+                   + QByteArray::number(status) + "\nexit 99\n");
+        tool.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+};
+
+TEST_F(Permissions, AreCheckedAtTheStartAndEveryTwoSeconds) {
+    EXPECT_FALSE(manager->accessibilityGranted || manager->screenRecordingGranted);
+    int assignments = 0;
+    const auto subscription = manager->observeWillChange([&] { ++assignments; });
+    manager->startPolling();
+    EXPECT_EQ(assignments, 2);
+    EXPECT_EQ(world.log.take(Stream::output),
+              (QStringList{u"PermissionsManager: Accessibility changed to true"_s,
+                           u"PermissionsManager: Screen Recording changed to true"_s}));
+    world.time.advance(1.5);
+    manager->startPolling();
+    world.time.advance(1.999); // the first timer would have fired
+    EXPECT_EQ(assignments, 4);
+    world.session.setReadsTitles(false);
+    world.time.advance(0.001);
+    EXPECT_EQ(assignments, 6) << "unchanged answers are assigned, too";
+    EXPECT_EQ(world.log.take(),
+              QStringList(u"PermissionsManager: Screen Recording changed to false"_s));
+    EXPECT_EQ(journal(), QStringList());
+    manager.reset();
+    world.time.advance(2);
+    EXPECT_EQ(world.log.take(), QStringList());
+}
+
+TEST_F(Permissions, ArePromptedForOnceInARun) {
+    world.session.setTrusted(false);
+    const QString refused = u"PermissionsManager: AppleEvents request: System Events got an error: "
+                            u"the simulated world does not trust us."_s;
+    manager->requestAccessibility();
+    EXPECT_EQ(world.log.take(Stream::output),
+              QStringList(u"PermissionsManager: AXIsProcessTrustedWithOptions → false"_s));
+    manager->requestAppleEvents();
+    EXPECT_EQ(world.log.take(Stream::error), QStringList(refused));
+    manager->requestScreenRecording();
+    EXPECT_EQ(world.log.take(Stream::output),
+              QStringList(u"PermissionsManager: CGRequestScreenCaptureAccess → false"_s));
+    EXPECT_TRUE(manager->hasPromptedAccessibility && manager->hasPromptedScreenRecording
+                && manager->hasPromptedAppleEvents);
+    EXPECT_EQ(journal(), (QStringList{u"prompt accessibility"_s, u"prompt automation"_s,
+                                      u"prompt screen recording"_s}));
+
+    manager->requestAccessibility();
+    manager->requestAppleEvents();
+    EXPECT_EQ(world.log.take(), QStringList());
+    world.session.setTrusted(true);
+    world.time.advance(0.499);
+    EXPECT_FALSE(manager->screenRecordingGranted) << "the request's own answer is not kept";
+    world.time.advance(0.001);
+    EXPECT_TRUE(manager->screenRecordingGranted);
+    world.session.setTrusted(false);
+    manager->requestScreenRecording();
+    EXPECT_FALSE(manager->screenRecordingGranted);
+    EXPECT_EQ(world.time.pending(), 0U);
+    EXPECT_EQ(journal(), QStringList());
+}
+
+TEST_F(Permissions, ARequestOutlivesNobody) {
+    manager->requestScreenRecording();
+    manager.reset();
+    world.time.advance(1);
+    manager.emplace();
+    manager->requestAccessibility();
+    manager->requestAppleEvents();
+    EXPECT_TRUE(manager->accessibilityGranted && manager->hasPromptedAppleEvents);
+    EXPECT_EQ(journal(), QStringList());
+    EXPECT_EQ(world.log.take(Stream::error), QStringList());
+}
+
+TEST_F(Permissions, ThreePressesInTenMinutesMeanThatItIsStuck) {
+    world.session.setTrusted(false);
+    manager->recordGrantAttempt();
+    world.time.advance(300.25);
+    manager->recordGrantAttempt();
+    EXPECT_FALSE(manager->hasStuckPermissionState());
+    world.time.advance(299.75);
+    manager->recordGrantAttempt();
+    const double start = VirtualTime::startSeconds;
+    EXPECT_EQ(world.defaults.arrayForKey(PermissionsManager::grantAttemptsKey),
+              (QJsonArray{start, start + 300.25, start + 600}));
+    EXPECT_TRUE(manager->hasStuckPermissionState()) << "the first is exactly ten minutes old";
+    manager->accessibilityGranted = true;
+    EXPECT_FALSE(manager->hasStuckPermissionState());
+    manager->accessibilityGranted = false;
+    world.time.advance(0.001);
+    EXPECT_FALSE(manager->hasStuckPermissionState());
+    EXPECT_EQ(world.defaults.arrayForKey(PermissionsManager::grantAttemptsKey)->size(), 3)
+        << "looking prunes nothing";
+    manager->recordGrantAttempt();
+    EXPECT_EQ(world.defaults.arrayForKey(PermissionsManager::grantAttemptsKey)->size(), 3);
+    EXPECT_TRUE(manager->hasStuckPermissionState());
+}
+
+TEST_F(Permissions, ALogThatIsNoneIsEmpty) {
+    const double now = VirtualTime::startSeconds;
+    const QString key = PermissionsManager::grantAttemptsKey;
+    for (const QJsonArray& damaged : {QJsonArray{now, now, now, u"now"_s},
+                                      QJsonArray{now, now, now, true}, QJsonArray{now, {}, now}}) {
+        world.defaults.setArray(damaged, key);
+        EXPECT_FALSE(manager->hasStuckPermissionState());
+        manager->recordGrantAttempt();
+        EXPECT_EQ(world.defaults.arrayForKey(key), QJsonArray{now});
+    }
+    world.defaults.setString(u"often"_s, key);
+    EXPECT_FALSE(manager->hasStuckPermissionState());
+    manager->recordGrantAttempt();
+    EXPECT_EQ(world.defaults.arrayForKey(key), QJsonArray{now});
+}
+
+TEST_F(Permissions, ResetForgetsOnlyWhenTheToolSucceeds) {
+    const QString key = PermissionsManager::grantAttemptsKey;
+    world.session.setTrusted(false);
+    manager->requestAccessibility();
+    manager->recordGrantAttempt();
+    world.log.take();
+    const auto expectNothingForgotten = [&] {
+        EXPECT_FALSE(manager->resetAllTCCForSelf());
+        EXPECT_TRUE(manager->hasPromptedAccessibility);
+        EXPECT_TRUE(world.defaults.arrayForKey(key));
+    };
+    expectNothingForgotten();
+    const QStringList lines = world.log.take(Stream::output);
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_TRUE(lines[0].startsWith(u"PermissionsManager: tccutil failed: "_s));
+    installTool(1);
+    expectNothingForgotten();
+    EXPECT_EQ(world.log.take(), QStringList());
+
+    installTool(0);
+    EXPECT_TRUE(manager->resetAllTCCForSelf());
+    EXPECT_FALSE(manager->hasPromptedAccessibility);
+    EXPECT_FALSE(world.defaults.arrayForKey(key));
+    journal();
+    manager->requestAccessibility();
+    EXPECT_EQ(journal(), QStringList(u"prompt accessibility"_s));
+    world.bundle = NSBundle({}, {}, world.folder.filePath(u"libexec"_s));
+    EXPECT_TRUE(manager->resetAllTCCForSelf()) << "without an identifier of its own";
+}
+
+TEST_F(Permissions, OpenTheSettingsAndTheFileViewer) {
+    const QString scheme = u"x-apple.systempreferences:com.apple.preference."_s;
+    for (const QString& pane :
+         {u"security?Privacy_Accessibility"_s, u"security?Privacy_ScreenCapture"_s,
+          u"security?Privacy_Automation"_s, u"keyboard?Shortcuts"_s, u"security"_s, u"%zz"_s})
+        manager->open(scheme + pane);
+    for (const QString& address : {u"https://example.org"_s, QString()})
+        manager->open(address);
+    manager->revealAppInFinder();
+    EXPECT_EQ(journal(), (QStringList{u"open accessibility"_s, u"open screen recording"_s,
+                                      u"open automation"_s, u"open keyboard shortcuts"_s,
+                                      u"reveal /usr/bin/brimlow"_s}));
+}
+
+} // namespace
+} // namespace brimlow::test
