@@ -43,8 +43,9 @@ constexpr Scene scenes[] = {
     {"Remove", "helper install; helper remove; ls -A /etc/udev/rules.d; wc -l </run/calls",
      "exit 0\nexit 0\n4\n"},
     {"RemoveNothing", "helper remove; rmdir /etc/udev/rules.d; helper remove", "exit 0\nexit 0\n"},
-    {"RuleIsLink", "echo kept >/run/victim; ln -s /run/victim $rule; helper install; files; "
-                   "cat /run/victim",
+    {"RuleIsLink",
+     "echo kept >/run/victim; ln -s /run/victim $rule; helper install; files; "
+     "cat /run/victim",
      "exit 0\n70-brimlow.rules f 644\nexact\nkept\n"},
     {"NewFileIsLink",
      "echo kept >/run/victim; sh -c 'ln -s /run/victim /etc/udev/rules.d/.70-brimlow.rules.$$; "
@@ -57,7 +58,8 @@ constexpr Scene scenes[] = {
      "again.\nexit 4\n"
      "Brimlow: The udev rule cannot be removed, Not a directory: see to /etc/udev/rules.d and try "
      "again.\nexit 4\n"},
-    {"ReadOnly", "mount -t tmpfs -o ro tmpfs /etc/udev/rules.d; helper install; ls -A /etc/udev/rules.d",
+    {"ReadOnly",
+     "mount -t tmpfs -o ro tmpfs /etc/udev/rules.d; helper install; ls -A /etc/udev/rules.d",
      "Brimlow: The udev rule cannot be written, /etc is read-only here: add the rule to the "
      "system's own configuration.\nexit 4\n"},
     {"DiskFull",
@@ -66,7 +68,8 @@ constexpr Scene scenes[] = {
      "Brimlow: The udev rule cannot be written, the disk is full: make room on it and try "
      "again.\nexit 4\n70-brimlow.rules 4096\n"
      "ls: cannot access '/run/calls': No such file or directory\n"},
-    {"NoUdev", "echo 'exit 1' >/run/answer; helper install; files; helper remove; ls /etc/udev/rules.d",
+    {"NoUdev",
+     "echo 'exit 1' >/run/answer; helper install; files; helper remove; ls /etc/udev/rules.d",
      "Brimlow: The udev rule is in place, but udev does not answer: restart the computer for it to "
      "take effect.\nexit 5\n70-brimlow.rules f 644\nexact\n"
      "Brimlow: The udev rule is gone, but udev does not answer: restart the computer for it to "
@@ -81,31 +84,33 @@ constexpr Scene scenes[] = {
      "usage: brimlow-access-helper install|remove\nexit 2\n"
      "usage: brimlow-access-helper install|remove\nexit 2\n"},
     {"ClosedStreams",
-     "echo 'exit 1' >/run/answer; /run/helper install <&- >&- 2>&-; echo exit $?; files",
-     "exit 5\n70-brimlow.rules f 644\nexact\n"},
+     "echo 'echo $(readlink /proc/$$/fd/0) >/run/seen; exit 1' >/run/answer; "
+     "/run/helper install <&- >&- 2>&-; echo exit $?; files; cat /run/seen",
+     "exit 5\n70-brimlow.rules f 644\nexact\n/dev/null\n"},
     {"FileSizeLimit", "(ulimit -f 0; helper install); ls -A /etc/udev/rules.d",
      "Brimlow: The udev rule cannot be written, File too large: see to /etc/udev/rules.d and try "
      "again.\nexit 4\n"},
-    {"IgnoredChildren", "trap '' CHLD; sh -c '/run/helper install; echo exit $?'", "exit 0\n"},
+    {"IgnoredChildren", "env --ignore-signal=CHLD /run/helper install; echo exit $?", "exit 0\n"},
     // What udevadm gets to see.
     {"Surroundings",
      "cat >/run/answer <<'END'\n"
      "files=$(readlink /proc/$$/fd/[0-2])\n"
      "echo \"$files\" >/run/seen\n"
      "{ [ -e /proc/$$/fd/7 ] && echo open; pwd; wc -c </proc/$$/environ; } >>/run/seen\n"
-     "grep -E '^(Umask|SigBlk|Cap|NoNew)' /proc/self/status >>/run/seen\n"
+     "grep -E '^(Umask|Cap|NoNew)' /proc/self/status >>/run/seen\n"
+     "setpriv --dump | grep Securebits >>/run/seen\n"
      "END\n"
      "umask 077; LD_LIBRARY_PATH=/run IFS=/ helper install 7</run/expected; cat /run/seen",
      "exit 0\n"
      "/dev/null\n/dev/null\n/dev/null\n/\n0\n"
      "Umask:\t0022\n"
-     "SigBlk:\t0000000000000000\n"
      "CapInh:\t0000000000000000\n"
      "CapPrm:\t0000000000000000\n"
      "CapEff:\t0000000000000000\n"
      "CapBnd:\t0000000000000000\n"
      "CapAmb:\t0000000000000000\n"
-     "NoNewPrivs:\t1\n"},
+     "NoNewPrivs:\t1\n"
+     "Securebits: noroot,noroot_locked,no_setuid_fixup,no_setuid_fixup_locked\n"},
 };
 
 INSTANTIATE_TEST_SUITE_P(, AccessHelper, testing::ValuesIn(scenes),
@@ -121,7 +126,8 @@ TEST(AccessHelperAlone, IsHeardByUdev) {
         GTEST_SKIP() << "only root can start a udev of its own";
     EXPECT_EQ(outputInNamespace("umount /usr/bin/udevadm; export SYSTEMD_IGNORE_CHROOT=1\n"
                                 "/lib/systemd/systemd-udevd --debug >/run/log 2>&1 & udev=$!\n"
-                                "udevadm control --ping; helper install; helper remove\n"
+                                "until udevadm control --ping; do sleep 0.1; done 2>/dev/null; "
+                                "helper install; helper remove\n"
                                 "kill $udev; wait $udev; grep -c '(RELOAD)' /run/log"),
               "exit 0\nexit 0\n2\n");
 }

@@ -93,13 +93,12 @@ void RuleInstaller::start(const QString& program) {
     process->setProcessEnvironment(plainEnvironment());
     process->setStandardInputFile(QProcess::nullDevice());
     process->setStandardOutputFile(QProcess::nullDevice());
-    QObject::connect(process, &QProcess::finished,
-                     [this, process](int exitCode, QProcess::ExitStatus status) {
-                         const auto complaint = QString::fromUtf8(process->readAllStandardError());
-                         finish(status == QProcess::NormalExit
-                                    ? outcomeOf(exitCode, complaint)
-                                    : useTerminal(u"pkexec was stopped"_s));
-                     });
+    QObject::connect(
+        process, &QProcess::finished, [this, process](int exitCode, QProcess::ExitStatus status) {
+            const auto complaint = QString::fromUtf8(process->readAllStandardError());
+            finish(status == QProcess::NormalExit ? outcomeOf(exitCode, complaint)
+                                                  : useTerminal(u"pkexec was stopped"_s));
+        });
     QObject::connect(process, &QProcess::errorOccurred, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
             finish(useTerminal(u"pkexec cannot be started"_s));
