@@ -37,9 +37,9 @@ struct Installing : testing::Test {
 
     QString pkexec(const std::string& script) {
         QFile file(folder.filePath(u"pkexec"_s));
-        file.open(QIODevice::WriteOnly);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(QByteArray::fromStdString("#!/bin/sh\n" + script + "\n"));
-        file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         return file.fileName();
     }
 
