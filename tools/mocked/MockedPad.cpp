@@ -1,15 +1,18 @@
 #include "tools/mocked/MockedPad.h"
 
+#include "platform/FileDescriptor.h"
 #include "platform/linux/evdev/Recording.h"
 #include "tools/mocked/MockedUevent.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <umockdev.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstring>
@@ -227,6 +230,18 @@ void MockedPad::play(std::span<const input_event> events) {
         write(rest.first(count));
         rest = rest.subspan(count);
     }
+}
+
+void MockedPad::playUnheard(std::span<const input_event> events) {
+    play(events);
+    const FileDescriptor reader(open((input_.root_ + node_).c_str(), O_RDONLY | O_NOCTTY));
+    pollfd readable{reader.get(), POLLIN, 0};
+    std::array<char, 4096> forgotten{};
+    std::size_t left = events.size_bytes();
+    // Less than that is there when a program did listen.
+    while (left > 0 && poll(&readable, 1, 100) > 0)
+        left -= static_cast<std::size_t>(std::max<ssize_t>(
+            read(reader.get(), forgotten.data(), std::min(left, forgotten.size())), 0));
 }
 
 void MockedPad::announceChange() {

@@ -64,6 +64,10 @@ public:
     /// when the last is written.
     void play(std::span<const input_event> events);
 
+    /// Plays events that no program hears: what is written while none has the device open waits for
+    /// the next one here, where a kernel would forget it.
+    void playUnheard(std::span<const input_event> events);
+
     /// udev's notice that something about the device changed.
     void announceChange();
 

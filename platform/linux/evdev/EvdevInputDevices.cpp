@@ -77,4 +77,8 @@ EvdevInputDevices::listen(std::function<void(ButtonNotice)> handler) {
     return std::make_unique<Listening>(reader_, std::move(handler));
 }
 
+void EvdevInputDevices::setSessionActive(bool active) {
+    reader_.setSessionState(active ? SessionState::active : SessionState::inactive);
+}
+
 } // namespace brimlow::platform

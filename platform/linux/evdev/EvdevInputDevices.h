@@ -15,6 +15,9 @@ public:
     std::vector<Trackpad> trackpads() override;
     std::unique_ptr<ButtonListener> listen(std::function<void(ButtonNotice)> handler) override;
 
+    /// While it is not, no device is open and nothing is delivered. Main thread.
+    void setSessionActive(bool active);
+
 private:
     InputReader& reader_;
 };

@@ -71,16 +71,22 @@ public:
     std::vector<TrackpadNode> trackpads() {
         if (hasRecording_)
             return {recording_};
-        return devices_ ? devices_->trackpads() : std::vector<TrackpadNode>{};
+        if (devices_)
+            trackpads_ = devices_->trackpads();
+        return trackpads_;
     }
 
     void setSession(SessionState state) {
         if (state == session_)
             return;
         if (state == SessionState::inactive)
-            devices_.reset(); // first: its contacts end with it
+            closeDevices(); // first: the contacts end with them
         session_ = state;
-        if (state == SessionState::active && !playsRecording_)
+        if (state == SessionState::inactive)
+            return;
+        if (player_)
+            player_->endSilence();
+        else if (!playsRecording_)
             openDevices();
     }
 
@@ -90,6 +96,13 @@ private:
     void openDevices() {
         devices_.emplace(
             loop, identities_, frames_, [this](ButtonEvent event) { tell(event); }, onlyTouchpad_);
+    }
+
+    void closeDevices() {
+        retryUnreadable(); // what is known of them holds until they are opened again
+        devices_.reset();
+        if (player_)
+            player_->beginSilence();
     }
 
     void loadRecording(const std::string& path) {
@@ -131,6 +144,7 @@ public:
 
 private:
     std::optional<PointerDevices> devices_;
+    std::vector<TrackpadNode> trackpads_; // as last known
     std::optional<RecordingPlayer> player_;
 };
 

@@ -56,10 +56,13 @@ public:
     ListenerId addButtonListener(ButtonHandler handler);
     void removeButtonListener(ListenerId id);
 
-    /// All trackpads; none while inactive. Those that could not be opened are tried once more.
+    /// All trackpads. Those that could not be opened are tried once more; while inactive none is
+    /// tried, and the last answer stands.
     std::vector<TrackpadNode> trackpads();
 
-    /// While inactive no device is open and nothing is delivered. Initially active.
+    /// While inactive no device is open and nothing is delivered; a recording goes on unheard.
+    /// Touches end with the change, and none that begins before it becomes a tap after it.
+    /// Initially active.
     void setSessionState(SessionState state);
 
 private:

@@ -19,6 +19,10 @@ public:
     /// The first event is due now. A second call changes nothing.
     void start();
 
+    /// What touches at the beginning or at the end of a silence vanishes.
+    void beginSilence() { feed_.beginResync(); }
+    void endSilence() { feed_.endResync(); }
+
 private:
     double dueTime(const input_event& event) const;
     void playDue();

@@ -50,7 +50,16 @@ protected:
         EXPECT_THAT(lines[lines.size() - 2], HasSubstr(":7@0.90,0.40"));
     }
 
+    /// Writes a recording and gives its file's name.
+    QString record(const PadScript& script) {
+        EXPECT_TRUE(recording_.open());
+        recording_.write(writeRecording({script.pad(), script.events()}).c_str());
+        recording_.close();
+        return recording_.fileName();
+    }
+
     MockedInput input_;
+    QTemporaryFile recording_{QDir::tempPath() + QStringLiteral("/brimlow-XXXXXX.evemu")};
 };
 
 TEST_F(Reading, DeliversThePadsThatAreThereAndThoseThatCome) {
@@ -134,13 +143,9 @@ TEST_F(Reading, FindsNoDeviceWhereThereIsNoInput) {
 }
 
 TEST_F(Reading, KeepsTheTimesOfARecordingAndThenIsSilent) {
-    const PadScript script = PadScript().tap({0.9, 0.4}, 0.2, 0.04).click({0.5, 0.5}, 0.6, 0.06);
-    QTemporaryFile file(QDir::tempPath() + QStringLiteral("/brimlow-XXXXXX.evemu"));
-    ASSERT_TRUE(file.open());
-    file.write(writeRecording({script.pad(), script.events()}).c_str());
-    file.close();
+    const auto file = record(PadScript().tap({0.9, 0.4}, 0.2, 0.04).click({0.5, 0.5}, 0.6, 0.06));
     MockedPad mouse(input_, ordinaryMouse(), 6);
-    Probe probe(environment(file.fileName()));
+    Probe probe(environment(file));
     EXPECT_EQ(probe.next(), "device");
     const auto started = std::chrono::steady_clock::now();
     EXPECT_THAT(probe.next(), HasSubstr("1:3@0.90,0.40"));
@@ -153,6 +158,52 @@ TEST_F(Reading, KeepsTheTimesOfARecordingAndThenIsSilent) {
     EXPECT_EQ(probe.upTo("frame").back(), "frame");
     mouse.write(press()); // nobody but the recording is heard
     EXPECT_EQ(probe.next(200), "(silent)");
+}
+
+TEST_F(Reading, HasNoDeviceOpenWhileTheSessionIsInactive) {
+    MockedPad refused(input_, ordinaryTrackpad(), 4);
+    refused.setPermissions(0);
+    MockedPad pad(input_, ordinaryTrackpad(), 5);
+    pad.setPermissions(0666);
+    MockedPad mouse(input_, ordinaryMouse(), 6);
+    mouse.setPermissions(0666);
+    const auto nobody = geteuid() == 0 ? QStringList(QStringLiteral("65534")) : QStringList();
+    Probe probe(environment(), nobody);
+    EXPECT_EQ(probe.next(), "device");
+    const auto touch = PadScript().hold({0.5, 0.5}, 0, 0.05).events();
+    pad.play(std::span(touch).first(13)); // up to the first frame's report
+    EXPECT_THAT(probe.next(), HasSubstr(":3@0.50,0.50"));
+    probe.ask("away\n");
+    EXPECT_THAT(probe.upTo("asked"), ElementsAre("frame", "unreadable /dev/input/event4", "asked"));
+    refused.setPermissions(0666);
+    MockedPad late(input_, ordinaryTrackpad(), 7);
+    late.setPermissions(0666);
+    pad.playUnheard(PadScript().tap({0.5, 0.5}, 0.02, 0.04).events());
+    mouse.playUnheard(press());
+    probe.ask();
+    EXPECT_THAT(probe.upTo("asked"), ElementsAre("unreadable /dev/input/event4", "asked"));
+    probe.ask("back\n");
+    EXPECT_EQ(probe.next(), "asked");
+    for (MockedPad* each : {&refused, &pad, &late}) {
+        tap(*each);
+        expectTap(probe);
+    }
+    mouse.write(press());
+    EXPECT_EQ(probe.next(), "left");
+}
+
+TEST_F(Reading, EndsTheTouchesOfARecordingWhenTheSessionBecomesInactive) {
+    Probe probe(
+        environment(record(PadScript().hold({0.9, 0.4}, 0, 0.4).tap({0.5, 0.5}, 0.9, 0.04))));
+    EXPECT_EQ(probe.next(), "device");
+    EXPECT_THAT(probe.next(), HasSubstr(":3@0.90,0.40"));
+    probe.ask("away\n");
+    const auto lines = probe.upTo("asked");
+    ASSERT_GE(lines.size(), 2U);
+    EXPECT_EQ(lines[lines.size() - 2], "frame");
+    probe.ask("back\n"); // while it still touches
+    EXPECT_EQ(probe.next(), "asked");
+    EXPECT_THAT(probe.next(), HasSubstr(":3@0.50,0.50"));
 }
 
 } // namespace

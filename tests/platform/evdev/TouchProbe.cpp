@@ -4,7 +4,8 @@
 //
 // One line each: "device" or "no device", then per frame "frame <id>:<state>@<x>,<y> ...", per
 // button notice "left", "lost" or "gone". A line on standard input asks for the unreadable
-// trackpads: "unreadable <node>" for each, then "asked". With a user id it becomes that user first.
+// trackpads: "unreadable <node>" for each, then "asked"; the lines "stop", "away" and "back" do
+// what they say first. With a user id it becomes that user first.
 
 #include "platform/MultitouchSupport.h"
 #include "platform/linux/evdev/InputReader.h"
@@ -75,6 +76,8 @@ int main(int argc, char** argv) {
     for (std::string line; std::getline(std::cin, line);) {
         if (line == "stop")
             stop(device);
+        if (line == "away" || line == "back")
+            reader.setSessionState(line == "away" ? SessionState::inactive : SessionState::active);
         for (const TrackpadNode& trackpad : reader.trackpads())
             if (trackpad.error != 0)
                 say("unreadable " + trackpad.node);
