@@ -10,6 +10,7 @@
 #include "platform/linux/evdev/EvdevInputDevices.h"
 #include "platform/linux/fileviewer/DesktopFileViewer.h"
 #include "platform/linux/icons/ThemeIcons.h"
+#include "platform/linux/logind/LogindSession.h"
 #include "ui/BrimlowApp.h"
 #include "ui/Display.h"
 #include "ui/access/AccessSettings.h"
@@ -39,6 +40,8 @@ int main(int argc, char* argv[]) {
     platform::NSUserDefaults defaults(platform::NSUserDefaults::standardPath(), log, &mainQueue);
     auto bundle = platform::NSBundle::forApplicationAt(QApplication::applicationFilePath());
     platform::EvdevInputDevices inputDevices;
+    const platform::LogindSession logindSession(
+        [&](bool active) { inputDevices.setSessionActive(active); });
     platform::GioApplications applications;
     platform::ThemeIcons icons(clock);
     const auto session = platform::chooseSession(applications, [](const QString& reason) {

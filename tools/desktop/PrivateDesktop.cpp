@@ -1,5 +1,7 @@
 #include "tools/desktop/PrivateDesktop.h"
 
+#include "tools/desktop/MockedLogind.h"
+
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
@@ -63,6 +65,8 @@ bool PrivateDesktop::makeFolders() {
         return fail(u"no scratch folder can be made: "_s + folder_.errorString());
     environment_ = bareEnvironment();
     environment_.insert(u"HOME"_s, folder_.path());
+    // Nobody is there unless a test puts a MockedLogind into the folder.
+    environment_.insert(u"DBUS_SYSTEM_BUS_ADDRESS"_s, MockedLogind(folder_.path()).address());
     for (const auto& [variable, name] :
          {std::pair(u"XDG_CONFIG_HOME"_s, u"config"_s), std::pair(u"XDG_DATA_HOME"_s, u"data"_s),
           std::pair(u"XDG_CACHE_HOME"_s, u"cache"_s), std::pair(u"XDG_STATE_HOME"_s, u"state"_s),

@@ -99,7 +99,7 @@ private:
     }
 
     void closeDevices() {
-        retryUnreadable(); // what is known of them holds until they are opened again
+        trackpads(); // what is known of them holds until they are opened again
         devices_.reset();
         if (player_)
             player_->beginSilence();
