@@ -194,7 +194,7 @@ TEST_F(Reading, HasNoDeviceOpenWhileTheSessionIsInactive) {
 
 TEST_F(Reading, EndsTheTouchesOfARecordingWhenTheSessionBecomesInactive) {
     Probe probe(
-        environment(record(PadScript().hold({0.9, 0.4}, 0, 0.4).tap({0.5, 0.5}, 0.9, 0.04))));
+        environment(record(PadScript().hold({0.9, 0.4}, 0.1, 0.4).tap({0.5, 0.5}, 0.9, 0.04))));
     EXPECT_EQ(probe.next(), "device");
     EXPECT_THAT(probe.next(), HasSubstr(":3@0.90,0.40"));
     probe.ask("away\n");

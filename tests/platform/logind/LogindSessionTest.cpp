@@ -10,6 +10,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <optional>
 
@@ -68,18 +69,26 @@ protected:
         followed.emplace([this](bool active) { told.push_back(active); });
     }
 
+    static void turn() {
+        QEventLoop loop;
+        QTimer::singleShot(5, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
     template<typename Condition>
     static bool becomes(const Condition& condition) {
         const QDeadlineTimer deadline(10'000);
-        while (!condition() && !deadline.hasExpired()) {
-            QEventLoop loop;
-            QTimer::singleShot(5, &loop, &QEventLoop::quit);
-            loop.exec();
-        }
+        while (!condition() && !deadline.hasExpired())
+            turn();
         return condition();
     }
+    bool isLogged(const QString& line, qsizetype from = 0) {
+        return becomes([&] { return logind.log().mid(from).contains(line.toUtf8()); });
+    }
+    /// This, and nothing after it.
     bool hears(const std::vector<bool>& all) {
-        return becomes([&] { return told.size() >= all.size(); }) && told == all;
+        becomes([&] { return told.size() >= all.size(); });
+        turn();
+        return told == all;
     }
 
     int argumentCount = 1;
@@ -131,10 +140,7 @@ TEST_F(Following, FindsItsSession) {
         const auto before = logind.log().size();
         follow();
         const QString path = pathOf(QString::fromLatin1(way.found));
-        EXPECT_TRUE(becomes([&] {
-            return logind.log().mid(before).contains(
-                QString(u"GetAll "_s + path + u' ').toLatin1());
-        }));
+        EXPECT_TRUE(isLogged(u"GetAll %1 "_s.arg(path), before));
         // It is this session that decides, and it was read as it should be.
         set(way.found, "LockedHint", "<false>");
         set(way.found, "Active", "<true>");
@@ -151,15 +157,15 @@ TEST_F(Following, TellsEveryChangeOnce) {
         expected.push_back(active);
         return hears(expected);
     };
-    ASSERT_TRUE(
-        becomes([&] { return logind.log().contains("GetAll /org/freedesktop/login1/session"); }));
+    ASSERT_TRUE(isLogged(u"GetAll "_s + pathOf(u"open"_s)));
     set("open", "LockedHint", "<true>");
     EXPECT_TRUE(tells(false));
     set("open", "Active", "<false>");
     set("open", "LockedHint", "<false>");
-    set("locked", "LockedHint", "<false>"); // another's
     set("open", "Active", "<true>");
     EXPECT_TRUE(tells(true));
+    set("locked", "Active", "<false>"); // another's
+    set("locked", "Active", "<true>");
     // Changed without saying to what.
     const QString path = pathOf(u"open"_s);
     ASSERT_TRUE(
@@ -176,12 +182,15 @@ TEST_F(Following, TellsEveryChangeOnce) {
 TEST_F(Following, LooksAgainWhenSessionsComeAndGo) {
     setDisplay({});
     follow();
-    ASSERT_TRUE(becomes([&] { return logind.log().contains("User.Display"); }));
+    ASSERT_TRUE(
+        isLogged(u"Get /org/freedesktop/login1/user/%1 org.freedesktop.login1.User.Display"_s.arg(
+            getuid())));
     setDisplay(u"locked"_s);
     announce(u"SessionNew"_s, u"locked"_s);
     EXPECT_TRUE(hears({false}));
     setDisplay(u"open"_s);
     announce(u"SessionRemoved"_s, u"open"_s); // another
+    EXPECT_TRUE(hears({false}));
     announce(u"SessionRemoved"_s, u"locked"_s);
     EXPECT_TRUE(hears({false, true}));
     setProcess(u"locked"_s);
