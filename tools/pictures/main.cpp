@@ -48,6 +48,13 @@ bool takePictures(const pictures::Scene& scene, style::ApplicationStyle& applica
     return true;
 }
 
+std::vector<pictures::Scene> chosen(const QStringList& names) {
+    std::vector<pictures::Scene> all = pictures::scenes();
+    if (!names.isEmpty())
+        std::erase_if(all, [&](const auto& scene) { return !names.contains(scene.name); });
+    return all;
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -72,12 +79,9 @@ int main(int argc, char* argv[]) {
 
     auto* applicationStyle = new style::ApplicationStyle;
     const QString ratio = QString::number(application.devicePixelRatio());
-    bool complete = true;
-    for (const auto& scene : pictures::scenes()) {
-        const bool wanted = names.isEmpty() || names.contains(scene.name);
-        names.removeAll(scene.name);
-        if (wanted)
-            complete &= takePictures(scene, *applicationStyle, folder, ratio);
-    }
+    const auto wanted = chosen(names);
+    bool complete = !wanted.empty();
+    for (const auto& scene : wanted)
+        complete &= takePictures(scene, *applicationStyle, folder, ratio);
     return complete ? 0 : 1;
 }

@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <cmath>
 
 namespace brimlow::controls {
@@ -26,35 +27,35 @@ QString Caption::lines() const {
     return text().replace(u'\n', QChar::LineSeparator);
 }
 
-int Caption::layOut(QTextLayout& layout, int width) const {
+QSize Caption::layOut(QTextLayout& layout, int width) const {
     QTextOption option(QStyle::visualAlignment(layoutDirection(), alignment()));
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);
     const int step = style::lineHeight(font());
     int y = 0;
+    double widest = 0;
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
         line.setPosition({0, y + std::floor((step - line.height()) / 2)});
         y += step;
+        widest = std::max(widest, line.naturalTextWidth());
     }
     layout.endLayout();
-    return y;
+    return {static_cast<int>(std::ceil(widest)), y};
 }
 
 int Caption::heightForWidth(int width) const {
     const QMargins margins = contentsMargins();
     QTextLayout layout(lines(), font(), this);
-    return layOut(layout, width - margins.left() - margins.right()) + margins.top()
+    return layOut(layout, width - margins.left() - margins.right()).height() + margins.top()
            + margins.bottom();
 }
 
 QSize Caption::sizeHint() const {
     ensurePolished();
     QTextLayout layout(lines(), font(), this);
-    layOut(layout, preferredWidth);
-    const int width = static_cast<int>(std::ceil(layout.boundingRect().right()));
-    return {width, heightForWidth(width)};
+    return layOut(layout, preferredWidth).grownBy(contentsMargins());
 }
 
 QSize Caption::minimumSizeHint() const {

@@ -25,8 +25,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// Gives back the height.
-    int layOut(QTextLayout& layout, int width) const;
+    /// Gives back the room that the lines take.
+    QSize layOut(QTextLayout& layout, int width) const;
     QString lines() const;
 };
 

@@ -63,7 +63,10 @@ DesktopAppearance::DesktopAppearance(QDBusConnection bus, QObject* parent)
       paletteScheme_(schemeOf(QGuiApplication::palette())), appearance_{.scheme = paletteScheme_} {
     if (!bus_.isConnected())
         return;
-    bus_.connect(service, path, interface, u"SettingChanged"_s, this,
+    // Without it the first connection of the process does not find the slot.
+    qRegisterMetaType<QDBusVariant>();
+    // Naming the service here would make Qt ask the bus for its owner, and wait.
+    bus_.connect({}, path, interface, u"SettingChanged"_s, this,
                  SLOT(settingChanged(QString, QString, QDBusVariant)));
     connect(&portal_, &QDBusServiceWatcher::serviceRegistered, this, &DesktopAppearance::readAll);
     readAll();
@@ -83,6 +86,7 @@ void DesktopAppearance::readAll() {
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
         const QDBusMessage reply = watcher->reply();
+
         if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != u"a{sa{sv}}")
             return;
         const Appearance before = appearance_;

@@ -60,12 +60,12 @@ Theme baseTheme(const Pick& pick) {
 }
 
 void useAccent(Theme& theme, const QColor& desktopAccent) {
-    const QColor seen = lightenedTo(2, theme.card, desktopAccent);
+    const bool isDark = theme.scheme == ColourScheme::dark;
+    const QColor seen = isDark ? lightenedTo(2, theme.card, desktopAccent) : desktopAccent;
     theme.accent = darkenedTo(4.5, theme.accentText, seen);
     theme.accentHover = over(Qt::black, 0.1, theme.accent);
     theme.accentPressed = over(Qt::black, 0.22, theme.accent);
-    theme.blue = theme.scheme == ColourScheme::light ? theme.accent
-                                                     : lightenedTo(6, theme.card, theme.accent);
+    theme.blue = isDark ? lightenedTo(6, theme.card, theme.accent) : theme.accent;
 }
 
 void raiseContrast(Theme& theme) {
