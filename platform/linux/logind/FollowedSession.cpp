@@ -47,7 +47,7 @@ FollowedSession::FollowedSession(const QDBusConnection& bus, QString owner,
     : bus_(bus), owner_(std::move(owner)), told_(std::move(told)) {
     bus_.connect(owner_, managerPath, managerInterface, u"SessionNew"_s, this, SLOT(appeared()));
     bus_.connect(owner_, managerPath, managerInterface, u"SessionRemoved"_s, this,
-                 SLOT(removed(QString, QDBusObjectPath)));
+                 SLOT(removed(QDBusMessage)));
     bus_.connect(owner_, {}, propertiesInterface, u"PropertiesChanged"_s, {sessionInterface}, {},
                  this, SLOT(propertiesChanged(QString, QVariantMap, QStringList, QDBusMessage)));
     search();
@@ -58,8 +58,10 @@ void FollowedSession::appeared() {
         search();
 }
 
-void FollowedSession::removed(const QString& /*id*/, const QDBusObjectPath& path) {
-    if (path.path() != path_)
+// Not QDBusObjectPath: QtDBus refuses a slot with that until a path has gone over some bus.
+void FollowedSession::removed(const QDBusMessage& idAndPath) {
+    const auto path = idAndPath.arguments().value(1).value<QDBusObjectPath>().path();
+    if (path_.isEmpty() || path != path_)
         return;
     path_.clear();
     active_ = true;

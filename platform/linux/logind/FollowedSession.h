@@ -2,7 +2,6 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusObjectPath>
 #include <QObject>
 #include <QVariantMap>
 
@@ -23,7 +22,7 @@ public:
 
 private Q_SLOTS:
     void appeared();
-    void removed(const QString& id, const QDBusObjectPath& path);
+    void removed(const QDBusMessage& idAndPath);
     void propertiesChanged(const QString& interface, const QVariantMap& changed,
                            const QStringList& invalidated, const QDBusMessage& message);
 

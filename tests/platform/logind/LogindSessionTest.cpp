@@ -193,6 +193,7 @@ TEST_F(Following, LooksAgainWhenSessionsComeAndGo) {
     EXPECT_TRUE(hears({false}));
     announce(u"SessionRemoved"_s, u"locked"_s);
     EXPECT_TRUE(hears({false, true}));
+    EXPECT_TRUE(isLogged(u"GetAll "_s + pathOf(u"open"_s)));
     setProcess(u"locked"_s);
     announce(u"SessionRemoved"_s, u"open"_s);
     EXPECT_TRUE(hears({false, true, false}));
