@@ -128,6 +128,7 @@ TEST(AccessHelperAlone, IsHeardByUdev) {
                                 "/lib/systemd/systemd-udevd --debug >/run/log 2>&1 & udev=$!\n"
                                 "until udevadm control --ping; do sleep 0.1; done 2>/dev/null; "
                                 "helper install; helper remove\n"
+                                "udevadm control --ping\n" // it has come to all that was asked
                                 "kill $udev; wait $udev; grep -c '(RELOAD)' /run/log"),
               "exit 0\nexit 0\n2\n");
 }
