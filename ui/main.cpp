@@ -14,6 +14,7 @@
 #include "ui/BrimlowApp.h"
 #include "ui/Display.h"
 #include "ui/access/AccessSettings.h"
+#include "ui/controls/FocusRing.h"
 #include "ui/style/ApplicationStyle.h"
 #include "ui/style/DesktopAppearance.h"
 
@@ -51,6 +52,7 @@ int main(int argc, char* argv[]) {
     style::DesktopAppearance appearance(QDBusConnection::sessionBus());
     style::ApplicationStyle style(appearance.appearance());
     style.follow(appearance);
+    const controls::KeyboardFocus keyboardFocus;
     platform::RuleInstaller installer(
         bundle.pathForAuxiliaryExecutable(QStringLiteral("brimlow-access-helper")));
     AccessSettings settings(installer);

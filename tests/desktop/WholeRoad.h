@@ -17,7 +17,7 @@ protected:
         auto environment = desktop.environment();
         for (const auto& [name, value] : input.environment())
             environment.insert(QString::fromStdString(name), QString::fromStdString(value));
-        program.emplace(environment);
+        program.emplace(environment, launcher);
         ASSERT_EQ(program->start(), QString());
         ASSERT_TRUE(says(QStringLiteral("click detection active")));
     }
@@ -31,6 +31,7 @@ protected:
 
     platform::MockedInput input;
     platform::MockedPad pad{input, platform::ordinaryTrackpad(), 5};
+    QString launcher; // empty for the program itself
     std::optional<BrimlowProgram> program;
 };
 

@@ -8,17 +8,13 @@ namespace brimlow::desktop {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString besideThisProgram() {
+QString BrimlowProgram::builtProgram() {
     const QFileInfo self(QFileInfo(u"/proc/self/exe"_s).symLinkTarget());
     return self.dir().filePath(u"brimlow"_s);
 }
 
-} // namespace
-
 BrimlowProgram::BrimlowProgram(const QProcessEnvironment& environment, const QString& program)
-    : process_(program.isEmpty() ? besideThisProgram() : program, {}, environment) {
+    : process_(program.isEmpty() ? builtProgram() : program, {}, environment) {
     process_.process().setProcessChannelMode(QProcess::MergedChannels);
 }
 

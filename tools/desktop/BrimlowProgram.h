@@ -9,7 +9,10 @@ namespace brimlow::desktop {
 /// Brimlow itself, started as a user would, and its log: both of its streams in one, line by line.
 class BrimlowProgram {
 public:
-    /// `program`: the built program; by default the one beside the running executable.
+    /// The one beside the running executable.
+    static QString builtProgram();
+
+    /// `program`: the built program by default.
     explicit BrimlowProgram(const QProcessEnvironment& environment, const QString& program = {});
 
     /// Called with each line as it is read.

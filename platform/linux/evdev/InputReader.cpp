@@ -95,7 +95,8 @@ private:
 
     void openDevices() {
         devices_.emplace(
-            loop, identities_, frames_, [this](ButtonEvent event) { tell(event); }, onlyTouchpad_);
+            loop, identities_, frames_, [this](ButtonEvent event) { tell(event); }, onlyTouchpad_,
+            reported_);
     }
 
     void closeDevices() {
@@ -145,6 +146,7 @@ public:
 private:
     std::optional<PointerDevices> devices_;
     std::vector<TrackpadNode> trackpads_; // as last known
+    PointerDevices::Reported reported_;
     std::optional<RecordingPlayer> player_;
 };
 

@@ -93,9 +93,9 @@ private:
 
 PointerDevices::PointerDevices(EventLoop& loop, ContactIdentities& identities,
                                ContactFrames& frames, ButtonHandler buttons,
-                               std::string onlyTouchpad)
+                               std::string onlyTouchpad, Reported& reported)
     : loop_(loop), identities_(identities), frames_(frames), buttons_(std::move(buttons)),
-      onlyTouchpad_(std::move(onlyTouchpad)) {
+      onlyTouchpad_(std::move(onlyTouchpad)), reported_(reported) {
     if (watch_.descriptor() >= 0)
         loop_.watch(watch_.descriptor(), [this](std::uint32_t) {
             watch_.receive([this](DeviceChange change, const PointerNode& pointer) {

@@ -21,10 +21,13 @@ class PointerDevices {
 public:
     using ButtonHandler = std::function<void(ButtonEvent)>;
 
+    /// The syspaths of trackpads whose user was told that they cannot be read.
+    using Reported = std::set<std::string>;
+
     /// `onlyTouchpad` names the one node that is the touchpad, whatever udev thinks; empty: every
-    /// touchpad is one.
+    /// touchpad is one. `reported` outlives this, so that nobody is told twice.
     PointerDevices(EventLoop& loop, ContactIdentities& identities, ContactFrames& frames,
-                   ButtonHandler buttons, std::string onlyTouchpad);
+                   ButtonHandler buttons, std::string onlyTouchpad, Reported& reported);
     ~PointerDevices();
     PointerDevices(const PointerDevices&) = delete;
     PointerDevices& operator=(const PointerDevices&) = delete;
@@ -54,7 +57,7 @@ private:
     DeviceWatch watch_;
     std::map<std::string, std::unique_ptr<Device>> devices_; // by syspath
     std::map<std::string, Refusal> refused_;                 // by syspath
-    std::set<std::string> reported_;                         // syspaths
+    Reported& reported_;
 };
 
 } // namespace brimlow::platform

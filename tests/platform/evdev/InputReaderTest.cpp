@@ -122,6 +122,10 @@ TEST_F(Reading, ReportsWhatItMayNotReadOnceAndReadsItWhenItMay) {
         probe.ask();
         EXPECT_THAT(probe.upTo("asked"), ElementsAre("unreadable /dev/input/event5", "asked"));
         pad.announceChange();
+        for (const char* state : {"away\n", "back\n"}) {
+            probe.ask(state);
+            probe.upTo("asked");
+        }
     }
     pad.setPermissions(0666);
     probe.ask();

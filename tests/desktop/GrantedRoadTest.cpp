@@ -1,0 +1,78 @@
+#include "tests/desktop/WholeRoad.h"
+
+#include <QFile>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace brimlow::desktop {
+namespace {
+
+constexpr platform::PadPoint right{0.95, 0.5};
+
+/// The program may do what its user may, also where the test is run by root.
+class GrantedRoad : public WholeRoad {
+protected:
+    void SetUp() override {
+        WholeRoad::SetUp();
+        if (geteuid() != 0)
+            return;
+        launcher = desktop.home() + u"/launch"_s;
+        QFile script(launcher);
+        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+        script.write("#!/bin/sh\nexec setpriv --bounding-set=-all --inh-caps=-all \""
+                     + BrimlowProgram::builtProgram().toUtf8() + "\"\n");
+        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    /// 0 as long as there is none.
+    std::uint32_t accessWindow() const {
+        const auto state = desktop.state();
+        for (const DesktopWindow& window : state ? state->windows : std::vector<DesktopWindow>())
+            if (window.pid == program->pid())
+                return window.number;
+        return 0;
+    }
+
+    platform::MockedPad second{input, platform::ordinaryTrackpad(), 6};
+};
+
+INSTANTIATE_TEST_SUITE_P(On, GrantedRoad,
+                         testing::Values(WindowManager::openbox, WindowManager::xfwm4), nameOf);
+
+TEST_P(GrantedRoad, AskingTakesNoFocusAndTapsArriveOnceItIsGranted) {
+    second.setPermissions(0);
+    start({bindingAt(u"right"_s, right.x, right.y, TapAction::switchDesktopRight)});
+    const auto terminal = openTerminal(u"work"_s);
+    ASSERT_TRUE(becomesActive(terminal));
+    EXPECT_EQ(accessWindow(), 0U) << "nobody has asked for anything";
+
+    tap(right);
+    ASSERT_TRUE(says(u"Accessibility NOT granted — prompted user"_s));
+    ASSERT_TRUE(desktop.waitFor([&](const DesktopState&) { return accessWindow() != 0; }));
+    const auto asking = accessWindow();
+    tap(right);
+    ASSERT_TRUE(says(u"Accessibility NOT granted — prompted user"_s));
+    EXPECT_EQ(accessWindow(), asking) << "one window however often";
+    EXPECT_EQ(desktop.state()->activeWindow, terminal);
+    if (qEnvironmentVariableIsSet("BRIMLOW_TEST_PICTURES"))
+        desktop.screenshot(qEnvironmentVariable("BRIMLOW_TEST_PICTURES") + u"/asking.png"_s);
+    ASSERT_TRUE(desktop.run(u"wmctrl"_s, {u"-i"_s, u"-c"_s, u"0x%1"_s.arg(asking, 0, 16)}));
+    ASSERT_TRUE(disappears(asking));
+    tap(right);
+    ASSERT_TRUE(says(u"Accessibility NOT granted — prompted user"_s));
+    program->readFor(200);
+    EXPECT_EQ(accessWindow(), 0U) << "the user has waved it away";
+
+    second.setPermissions(0600);
+    second.announceChange();
+    ASSERT_TRUE(says(u"PermissionsManager: Accessibility changed to true"_s));
+    second.play(platform::PadScript().tap(right, 0.35).events());
+    EXPECT_TRUE(says(u"matched 'right' → Switch Desktop Right → Switching right"_s));
+    EXPECT_TRUE(workspaceBecomes(1));
+    EXPECT_TRUE(program->stop());
+}
+
+} // namespace
+} // namespace brimlow::desktop
