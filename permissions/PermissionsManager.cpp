@@ -12,6 +12,9 @@
 
 #include <QUrl>
 
+#include <optional>
+#include <vector>
+
 namespace brimlow {
 
 using namespace Qt::StringLiterals;
@@ -28,6 +31,29 @@ constexpr std::size_t patience = 2; // attempts that are no reason for doubt
 
 QString textOf(bool value) {
     return value ? u"true"_s : u"false"_s;
+}
+
+/// The presses in seconds since 1970, in the order in which they came; absent where there is no log
+/// of them, or none that can be read.
+std::optional<std::vector<double>> grantAttempts() {
+    const auto log = Platform::current().standardUserDefaults.arrayForKey(
+        PermissionsManager::grantAttemptsKey);
+    if (!log)
+        return std::nullopt;
+    std::vector<double> attempts;
+    for (const auto attempt : *log) {
+        if (!attempt.isDouble())
+            return std::nullopt;
+        attempts.push_back(attempt.toDouble());
+    }
+    return attempts;
+}
+
+std::vector<double> recentOnes(std::optional<std::vector<double>> attempts) {
+    const double oldest = Platform::current().clock.wallClock().secondsSince1970 - attemptLifetime;
+    auto recent = std::move(attempts).value_or(std::vector<double>());
+    std::erase_if(recent, [oldest](double attempt) { return attempt < oldest; });
+    return recent;
 }
 
 } // namespace
@@ -96,31 +122,20 @@ void PermissionsManager::requestAppleEvents() {
                        + error.message().value_or(u"unknown error"_s));
 }
 
-std::vector<double> PermissionsManager::recentGrantAttempts() const {
-    const auto log = Platform::current().standardUserDefaults.arrayForKey(grantAttemptsKey);
-    if (!log)
-        return {};
-    const double oldest = Platform::current().clock.wallClock().secondsSince1970 - attemptLifetime;
-    std::vector<double> attempts;
-    for (const QJsonValue& attempt : *log) {
-        if (!attempt.isDouble())
-            return {};
-        if (attempt.toDouble() >= oldest)
-            attempts.push_back(attempt.toDouble());
-    }
-    return attempts;
-}
-
 void PermissionsManager::recordGrantAttempt() {
-    QJsonArray log;
-    for (const double attempt : recentGrantAttempts())
-        log.append(attempt);
-    log.append(Platform::current().clock.wallClock().secondsSince1970);
-    Platform::current().standardUserDefaults.setArray(log, grantAttemptsKey);
+    auto& platform = Platform::current();
+    const auto log = grantAttempts();
+    if (!log)
+        platform.standardUserDefaults.keepDamagedValueForKey(grantAttemptsKey);
+    QJsonArray recent;
+    for (const double attempt : recentOnes(log))
+        recent.append(attempt);
+    recent.append(platform.clock.wallClock().secondsSince1970);
+    platform.standardUserDefaults.setArray(recent, grantAttemptsKey);
 }
 
 bool PermissionsManager::hasStuckPermissionState() const {
-    return !accessibilityGranted && recentGrantAttempts().size() > patience;
+    return !accessibilityGranted && recentOnes(grantAttempts()).size() > patience;
 }
 
 bool PermissionsManager::resetAllTCCForSelf() {

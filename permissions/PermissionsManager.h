@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <memory>
-#include <vector>
 
 namespace brimlow {
 
@@ -51,8 +50,6 @@ public:
 
 private:
     void check(const QString& name, platform::Published<bool>& granted, bool isGranted);
-    /// The presses of the last ten minutes, in seconds since 1970, in the order in which they came.
-    std::vector<double> recentGrantAttempts() const;
 
     std::unique_ptr<platform::RepeatingTimer> permissionCheckTimer_;
     platform::Lifetime lifetime_;

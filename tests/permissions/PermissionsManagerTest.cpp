@@ -133,6 +133,7 @@ TEST_F(Permissions, ALogThatIsNoneIsEmpty) {
         EXPECT_FALSE(manager->hasStuckPermissionState());
         manager->recordGrantAttempt();
         EXPECT_EQ(world.defaults.arrayForKey(key), QJsonArray{now});
+        EXPECT_EQ(world.log.take(Stream::error).size(), 1) << "what was there is told and kept";
     }
     world.defaults.setString(u"often"_s, key);
     EXPECT_FALSE(manager->hasStuckPermissionState());
