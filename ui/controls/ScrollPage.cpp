@@ -22,6 +22,8 @@ void ScrollPage::setColumn(QWidget* column) {
     column->setMaximumWidth(widest);
     layout->addWidget(column);
     const int position = verticalScrollBar()->value();
+    if (QWidget* old = takeWidget())
+        old->deleteLater(); // one of its buttons may be what brought us here
     setWidget(page);
     makeRoom();
     verticalScrollBar()->setValue(position);

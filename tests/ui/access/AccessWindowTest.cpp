@@ -104,7 +104,9 @@ TEST_F(Access, AllowingAsksOnceAndTellsWhyItWasInVain) {
     world.devices.unplugAll();
     program(u"pkexec"_s, "exit 0");
     button(u"Allow…"_s)->click();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !button(u"Allow…"_s) && !shows(u"Waiting"_s); }));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return !button(u"Allow…"_s) && !button(u"Waiting for the Password…"_s); }));
+    EXPECT_FALSE(shows(u"password"_s));
 }
 
 TEST_F(Access, TheCommandsCanBeCopiedByKeyboard) {
