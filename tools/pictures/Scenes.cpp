@@ -49,6 +49,9 @@ std::vector<Scene> scenes() {
         {u"access"_s, makeAccess},
         {u"access-denied"_s, makeAccessDenied},
         {u"access-limited"_s, makeAccessLimited},
+        {u"maps-bindings"_s, makeBindingsMaps},
+        {u"maps-narrow"_s, makeNarrowMaps},
+        {u"maps-samples"_s, makeSampleMaps},
     };
 }
 

@@ -29,5 +29,8 @@ std::unique_ptr<QWidget> makeComponents();
 std::unique_ptr<QWidget> makeAccess();
 std::unique_ptr<QWidget> makeAccessDenied();
 std::unique_ptr<QWidget> makeAccessLimited();
+std::unique_ptr<QWidget> makeBindingsMaps();
+std::unique_ptr<QWidget> makeNarrowMaps();
+std::unique_ptr<QWidget> makeSampleMaps();
 
 } // namespace brimlow::pictures

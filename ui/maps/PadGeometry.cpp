@@ -56,8 +56,7 @@ bool isDrawable(const TapSample& position) {
 
 QPointF pointOn(const QRectF& surface, const TapSample& position) {
     const QPointF share = normalised(position);
-    return surface.topLeft()
-           + QPointF(share.x() * surface.width(), share.y() * surface.height());
+    return surface.topLeft() + QPointF(share.x() * surface.width(), share.y() * surface.height());
 }
 
 QRectF areaOn(const QRectF& surface, const TapSample& centre, double radius) {

@@ -18,6 +18,7 @@ enum class Role {
     heading,
     row,
     fieldCaption,
+    captionHeading,
     caption,
     secondCaption,
     noticeText,

@@ -24,6 +24,7 @@ QLabel[role="sheetTitle"] { font: @sheetTitleFont; }
 QLabel[role="heading"] { font: @headingFont; }
 QLabel[role="row"] { font: @rowFont; }
 QLabel[role="fieldCaption"] { font: @fieldCaptionFont; color: @secondaryText; }
+QLabel[role="captionHeading"] { font: @captionHeadingFont; }
 QLabel[role="caption"] { font: @captionFont; color: @secondaryText; }
 QLabel[role="secondCaption"] { font: @secondCaptionFont; color: @secondaryText; }
 QLabel[role="noticeText"] { font: @captionFont; }
@@ -190,6 +191,7 @@ const QHash<QString, TextStyle>& fonts() {
         {u"rowFont"_s, TextStyle::row},
         {u"smallButtonFont"_s, TextStyle::smallButton},
         {u"fieldCaptionFont"_s, TextStyle::fieldCaption},
+        {u"captionHeadingFont"_s, TextStyle::captionHeading},
         {u"captionFont"_s, TextStyle::caption},
         {u"secondCaptionFont"_s, TextStyle::secondCaption},
         {u"badgeFont"_s, TextStyle::badge},

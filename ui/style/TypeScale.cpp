@@ -34,6 +34,8 @@ Size sizeOf(TextStyle style) {
         return {12, 500};
     case TextStyle::fieldCaption:
         return {12, 500};
+    case TextStyle::captionHeading:
+        return {12, 600};
     case TextStyle::caption:
         return {12, 400};
     case TextStyle::secondCaption:

@@ -13,6 +13,7 @@ enum class TextStyle {
     row, // row labels and buttons
     smallButton,
     fieldCaption,
+    captionHeading, // of a drawing
     caption,
     secondCaption,
     badge,

@@ -48,7 +48,11 @@ TEST(PadGeometry, TheSurfaceLeavesRoomForWhatSticksOut) {
           Fit{"low", {600, 132}, 240, {}, {220, 16, 160, 100}},
           Fit{"areas with room", {510, 272}, 240, bothEdges, {63, 16, 384, 240}},
           Fit{"areas without room", {386, 272}, 240, bothEdges, {33, 36, 320, 200}},
-          Fit{"a label at the bottom", {600, 281}, 240, {{{0.5, 0}, 0, label}}, {108, 16, 384, 240}},
+          Fit{"a label at the bottom",
+              {600, 281},
+              240,
+              {{{0.5, 0}, 0, label}},
+              {108, 16, 384, 240}},
           Fit{"one side only", {480, 272}, 240, {{{1, 0.5}, 0.2}}, {18, 16, 384, 240}},
           Fit{"no room at all", {10, 10}, 240, {}, {-19, -10, 48, 30}}}) {
         const QRectF made = surfaceIn(room, largest, footprints);

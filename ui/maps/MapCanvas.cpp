@@ -1,0 +1,96 @@
+#include "ui/maps/MapCanvas.h"
+
+#include "ui/maps/MapPainting.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace brimlow::maps {
+
+namespace {
+constexpr int narrowest = 160;
+} // namespace
+
+MapCanvas::MapCanvas(double largestHeight, QWidget* parent)
+    : QWidget(parent), largestHeight_(largestHeight) {
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+QSize MapCanvas::sizeHint() const {
+    const int width = qRound(largestHeight_ * aspect + 2 * edge);
+    return {width, heightForWidth(width)};
+}
+
+QSize MapCanvas::minimumSizeHint() const {
+    return {narrowest, heightForWidth(narrowest)};
+}
+
+void MapCanvas::setLiveTouches(const std::vector<LiveTouch>& touches) {
+    const auto updateWhere = [this](const auto& some, const auto& others) {
+        for (const LiveTouch& each : some)
+            if (std::find(others.begin(), others.end(), each) == others.end())
+                update(rectOf(each));
+    };
+    updateWhere(liveTouches_, touches);
+    updateWhere(touches, liveTouches_);
+    liveTouches_ = touches;
+}
+
+void MapCanvas::contentChanged() {
+    measure();
+    place();
+    updateGeometry();
+}
+
+void MapCanvas::place() {
+    surface_ = surfaceIn(size(), largestHeight_, footprints());
+    arrange();
+    picture_ = {};
+    update();
+}
+
+void MapCanvas::changeEvent(QEvent* event) {
+    // The theme and the text's size come with it.
+    if (event->type() == QEvent::StyleChange)
+        contentChanged();
+    QWidget::changeEvent(event);
+}
+
+void MapCanvas::resizeEvent(QResizeEvent*) {
+    place();
+}
+
+void MapCanvas::takePicture() {
+    const double ratio = devicePixelRatioF();
+    picture_ = QPixmap((QSizeF(size()) * ratio).toSize());
+    picture_.setDevicePixelRatio(ratio);
+    picture_.fill(Qt::transparent);
+    QPainter painter(&picture_);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintSurface(painter, surface_);
+    paintStill(painter);
+}
+
+QRect MapCanvas::rectOf(const LiveTouch& touch) const {
+    const QPointF centre = pointOn(surface_, {touch.x, touch.y});
+    constexpr double reach = liveTouchReach;
+    return QRectF(centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach).toAlignedRect();
+}
+
+void MapCanvas::paintEvent(QPaintEvent* event) {
+    // Dragged to another display, or changed since.
+    if (!qFuzzyCompare(picture_.devicePixelRatio(), devicePixelRatioF()) || picture_.isNull())
+        takePicture();
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, picture_);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const LiveTouch& each : liveTouches_)
+        if (event->region().intersects(rectOf(each)))
+            paintLiveTouch(painter, pointOn(surface_, {each.x, each.y}));
+}
+
+} // namespace brimlow::maps
