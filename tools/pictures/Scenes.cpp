@@ -52,6 +52,21 @@ std::vector<Scene> scenes() {
         {u"maps-bindings"_s, makeBindingsMaps},
         {u"maps-narrow"_s, makeNarrowMaps},
         {u"maps-samples"_s, makeSampleMaps},
+        {u"apps-scanning"_s, makeAppsScanning},
+        {u"apps-list"_s, makeAppsList},
+        {u"apps-selected"_s, makeAppsSelected},
+        {u"apps-search"_s, makeAppsSearch},
+        {u"apps-nothing"_s, makeAppsNothing},
+        {u"app-chip"_s, makeAppChip},
+        {u"app-chip-unknown"_s, makeAppChipUnknown},
+        {u"windows"_s, makeWindows},
+        {u"windows-bound"_s, makeWindowsBound},
+        {u"windows-listed-bound"_s, makeWindowsListedBound},
+        {u"windows-already-bound"_s, makeWindowsAlreadyBound},
+        {u"windows-not-running"_s, makeWindowsNotRunning},
+        {u"windows-unreadable"_s, makeWindowsUnreadable},
+        {u"windows-untitled"_s, makeWindowsUntitled},
+        {u"windows-no-app"_s, makeWindowsNoApp},
     };
 }
 

@@ -32,5 +32,20 @@ std::unique_ptr<QWidget> makeAccessLimited();
 std::unique_ptr<QWidget> makeBindingsMaps();
 std::unique_ptr<QWidget> makeNarrowMaps();
 std::unique_ptr<QWidget> makeSampleMaps();
+std::unique_ptr<QWidget> makeAppsScanning();
+std::unique_ptr<QWidget> makeAppsList();
+std::unique_ptr<QWidget> makeAppsSelected();
+std::unique_ptr<QWidget> makeAppsSearch();
+std::unique_ptr<QWidget> makeAppsNothing();
+std::unique_ptr<QWidget> makeAppChip();
+std::unique_ptr<QWidget> makeAppChipUnknown();
+std::unique_ptr<QWidget> makeWindows();
+std::unique_ptr<QWidget> makeWindowsBound();
+std::unique_ptr<QWidget> makeWindowsListedBound();
+std::unique_ptr<QWidget> makeWindowsAlreadyBound();
+std::unique_ptr<QWidget> makeWindowsNotRunning();
+std::unique_ptr<QWidget> makeWindowsUnreadable();
+std::unique_ptr<QWidget> makeWindowsUntitled();
+std::unique_ptr<QWidget> makeWindowsNoApp();
 
 } // namespace brimlow::pictures

@@ -62,9 +62,9 @@ WindowScan scanWindows(const std::optional<QString>& bundleId) {
             scan.windows.push_back({window.kCGWindowNumber, title});
     }
     if (scan.windows.empty())
-        scan.refreshError = whyNoneIsPickable(
-            firstInstance->localizedName().value_or(*bundleId).left(longestName), owned,
-            canReadTitles);
+        scan.refreshError =
+            whyNoneIsPickable(firstInstance->localizedName().value_or(*bundleId).left(longestName),
+                              owned, canReadTitles);
     return scan;
 }
 

@@ -43,6 +43,8 @@ enum class Role {
     icon,
     flatIcon,
     sidebarRow,
+    // QListView
+    rows,
 };
 Q_ENUM_NS(Role)
 

@@ -106,6 +106,7 @@ QAbstractItemView {
     background: @card; border: 1px solid @cardBorder; border-radius: 8px; padding: 3px;
     outline: 0; selection-background-color: @listSelection; selection-color: @text;
 }
+QAbstractItemView[role="rows"] { padding: 2px; }
 QAbstractItemView::item { border-radius: 5px; padding: @4 @6; color: @text; }
 QAbstractItemView::item:hover { background: @cardHover; }
 QAbstractItemView::item:selected { background: @listSelection; }

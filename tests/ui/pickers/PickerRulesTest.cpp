@@ -39,7 +39,8 @@ TEST(AppFilter, FindsNamesAndIdentifiersInAnyCase) {
           Row{u" chrome\t"_s, {chrome}}, Row{u"COM."_s, {chrome, notes}},
           Row{u"com.apple"_s, {notes}}, Row{u"οδος"_s, {street}}, Row{u"STRASSE"_s, {street}},
           Row{u"CAFÉ"_s, {notes}}, Row{u"\n"_s, {notes}}, Row{u"g.*e"_s, {}}, Row{u"ee"_s, {}}})
-        EXPECT_EQ(identifiersOf(filteredApps(apps, row.query)), row.found) << row.query.toStdString();
+        EXPECT_EQ(identifiersOf(filteredApps(apps, row.query)), row.found)
+            << row.query.toStdString();
 }
 
 TEST(AppFilter, KnowsTheCasesOfTheUsersLanguage) {
@@ -96,8 +97,7 @@ TEST(WindowChoice, CountsAndHidesAndKnowsWhatHelps) {
         EXPECT_EQ(settingsLink(message)->address, u"x-apple.systempreferences:com.apple.preference."
                                                   u"security?Privacy_ScreenCapture"_s);
     }
-    EXPECT_EQ(settingsLink(u"Accessibility"_s)->text,
-              u"Open Privacy & Security → Accessibility"_s);
+    EXPECT_EQ(settingsLink(u"Accessibility"_s)->text, u"Open Privacy & Security → Accessibility"_s);
     EXPECT_EQ(settingsLink(u"Accessibility"_s)->address,
               u"x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"_s);
 }

@@ -1,0 +1,170 @@
+#include "ui/pickers/FocusWindowPicker.h"
+
+#include "tests/support/TestPlatform.h"
+#include "tests/ui/pickers/Shown.h"
+#include "ui/pickers/RowList.h"
+#include "ui/style/ApplicationStyle.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace brimlow::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString optional = u"Optional — pick a specific window for surgical targeting, or leave unset "
+                         u"to just focus / launch the app on tap."_s;
+const QString notScanned = u"Click the refresh icon to list this app's currently-open windows."_s;
+const QString alreadyBound = u"This window is already bound. Use Refresh to scan again."_s;
+const QString clickOne =
+    u"Click a window to bind (optional). Brimlow tracks it by its system window ID — survives tab "
+    u"switches but resets when the app restarts; on restart we fall back to a title substring "
+    u"match, then to focusing / launching the app."_s;
+const QString clearHelp = u"Clear — fall back to launching / focusing the app"_s;
+const QString refreshHelp = u"Re-scan currently-open windows of this app"_s;
+
+struct WindowPicker : testing::Test {
+    TestPlatform world;
+    std::unique_ptr<FocusWindowPicker> view;
+    std::vector<WindowBinding> bound;
+
+    void appear(const std::optional<QString>& bundleId, const WindowBinding& binding = {},
+                bool hideAlreadyBound = false) {
+        view = std::make_unique<FocusWindowPicker>(hideAlreadyBound);
+        QObject::connect(view.get(), &FocusWindowPicker::bindingChanged, view.get(),
+                         [this](const WindowBinding& each) { bound.push_back(each); });
+        view->setBundleId(bundleId);
+        view->setBinding(binding);
+        view->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+    }
+    RowList& list() const { return *view->findChild<RowList*>(); }
+    QStringList listed() const {
+        QStringList rows;
+        for (int row = 0; list().isVisible() && row < list().model()->rowCount(); ++row)
+            rows << list().model()->index(row, 0).data(Qt::AccessibleTextRole).toString();
+        return rows;
+    }
+    QStringList texts() const {
+        QCoreApplication::processEvents(); // panels are shown on the next turn
+        return shownTexts(*view);
+    }
+    void refresh() const { shownButton(*view, refreshHelp)->click(); }
+};
+
+TEST_F(WindowPicker, BindsTheWindowThatIsClickedAndLetsItGo) {
+    const auto number = world.session.openWindow(u"app"_s, 1, u"MyApp — <b>.txt"_s);
+    world.session.openWindow(u"app"_s, 1, u"Front"_s);
+    appear(u"app"_s);
+    const QStringList rows{u"Window ID %1, current: Front"_s.arg(number + 1),
+                           u"Window ID %1, current: MyApp — <b>.txt"_s.arg(number)};
+    EXPECT_EQ(listed(), rows);
+    EXPECT_EQ(texts(), (QStringList{u"Target Window"_s, u"2 windows"_s, optional, clickOne}));
+
+    world.session.window(number).applicationId = u"gone"_s; // closed meanwhile
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
+                      list().visualRect(list().model()->index(1, 0)).center());
+    const WindowBinding mine{number, u"MyApp"_s};
+    EXPECT_EQ(bound, std::vector{mine});
+    EXPECT_EQ(view->binding(), mine);
+    EXPECT_EQ(listed(), rows);
+    EXPECT_EQ(texts(), (QStringList{u"Target Window"_s, u"2 windows"_s,
+                                    u"Bound to window ID %1"_s.arg(number), u"fallback: MyApp"_s,
+                                    clickOne}));
+    shownButton(*view, clearHelp)->click();
+    EXPECT_EQ(bound.back(), WindowBinding());
+    EXPECT_TRUE(texts().contains(optional));
+    EXPECT_TRUE(shownButton(*view, u"Refresh"_s)->hasFocus());
+}
+
+TEST_F(WindowPicker, IsAllInTheKeyboard) {
+    const auto number = world.session.openWindow(u"app"_s, 1, u"Back"_s);
+    world.session.openWindow(u"app"_s, 1, u"Front"_s);
+    appear(u"app"_s);
+    ASSERT_TRUE(shownButton(*view, refreshHelp)->hasFocus());
+    QTest::keyClick(view->focusWidget(), Qt::Key_Tab);
+    ASSERT_TRUE(list().hasFocus());
+    QTest::keyClick(&list(), Qt::Key_Down);
+    QTest::keyClick(&list(), Qt::Key_Return);
+    EXPECT_EQ(view->binding().targetWindowID, number);
+    EXPECT_EQ(list().currentIndex().row(), 1) << "stays where it is";
+}
+
+TEST_F(WindowPicker, HidesTheBoundWindowOnlyWhereItIsToldTo) {
+    const auto number = world.session.openWindow(u"app"_s, 1, u"Only"_s);
+    appear(u"app"_s, {number, {}}, true);
+    EXPECT_EQ(texts(), (QStringList{u"Target Window"_s, u"Bound to window ID %1"_s.arg(number),
+                                    alreadyBound}));
+    EXPECT_FALSE(list().isVisible());
+    appear(u"app"_s, {number, {}}, false);
+    EXPECT_EQ(listed().size(), 1);
+    EXPECT_TRUE(texts().contains(u"1 window"_s));
+    EXPECT_TRUE(bound.empty()) << "was not the user";
+}
+
+TEST_F(WindowPicker, ScansWhenItAppearsAndForAnotherApplication) {
+    world.session.openWindow(u"app"_s, 1, u"A"_s);
+    appear({});
+    EXPECT_EQ(texts(), (QStringList{u"Target Window"_s, optional, notScanned}));
+    refresh();
+    EXPECT_EQ(texts().last(), u"Pick an app first."_s);
+    view->setBundleId(u"app"_s);
+    EXPECT_EQ(listed().size(), 1);
+    world.session.openWindow(u"app"_s, 1, u"B"_s);
+    view->setBundleId(u"app"_s);
+    EXPECT_EQ(listed().size(), 1) << "the same";
+    refresh();
+    EXPECT_EQ(listed().size(), 2);
+    view->setBundleId(u"other"_s);
+    EXPECT_EQ(texts().last(), u"App is not running. Launch it first, then click Refresh."_s);
+    EXPECT_EQ(listed(), QStringList());
+    view->setBundleId(u""_s);
+    EXPECT_EQ(texts().last(), notScanned);
+    view->hide();
+    view->setBundleId(u"app"_s);
+    EXPECT_EQ(list().model()->rowCount(), 0) << "nobody looks";
+    view->show();
+    EXPECT_EQ(listed().size(), 2);
+}
+
+TEST_F(WindowPicker, AnErrorOpensTheSettingsThatHelp) {
+    world.session.openWindow(u"app"_s, 1, u"Secret"_s);
+    world.session.setReadsTitles(false);
+    appear(u"app"_s);
+    EXPECT_TRUE(texts().last().startsWith(u"Found 1 app window(s) but can't read"_s));
+    EXPECT_FALSE(texts().contains(notScanned));
+    const QString text = u"Open Privacy & Security → Screen Recording"_s;
+    auto* open = shownButton(*view, text);
+    ASSERT_TRUE(open);
+    EXPECT_EQ(open->text().replace(u"&&"_s, u"&"_s), text);
+    world.settings.takeJournal();
+    open->click();
+    EXPECT_EQ(world.settings.takeJournal(), QStringList(u"open screen recording"_s));
+    world.session.setReadsTitles(true);
+    refresh();
+    EXPECT_FALSE(shownButton(*view, text));
+    EXPECT_EQ(listed().size(), 1);
+}
+
+TEST_F(WindowPicker, KeepsItsSizeWhateverWindowsAreCalled) {
+    const style::ApplicationStyle applicationStyle;
+    for (const auto& part : {u"m"_s, u"\u0301"_s, u"ש"_s, u"<b>&\n"_s})
+        world.session.openWindow(u"app"_s, 1, u"a"_s + part.repeated(10'000));
+    appear(u"app"_s);
+    view->resize(400, 400);
+    QCoreApplication::processEvents();
+    QTest::keyClick(&list(), Qt::Key_Home);
+    QTest::keyClick(&list(), Qt::Key_Return);
+    EXPECT_EQ(bound.size(), 1U);
+    view->grab();
+    EXPECT_EQ(list().height(), 130);
+    EXPECT_LE(view->minimumSizeHint().width(), 400);
+    EXPECT_LE(view->sizeHint().width(), 700);
+}
+
+} // namespace
+} // namespace brimlow::test
