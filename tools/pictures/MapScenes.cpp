@@ -1,9 +1,9 @@
+#include "profiles/DefaultLayout.h"
 #include "tests/support/TestPlatform.h"
 #include "tools/pictures/Scenes.h"
 #include "ui/controls/Card.h"
 #include "ui/maps/TrackpadBindingsMap.h"
 #include "ui/maps/TrackpadMapView.h"
-#include "profiles/DefaultLayout.h"
 #include "ui/style/Role.h"
 
 #include <QBoxLayout>
@@ -89,12 +89,12 @@ std::unique_ptr<QWidget> makeSampleMaps() {
     std::vector<TapSample> many;
     for (int i = 0; i < 12; ++i)
         many.push_back({0.06 + 0.08 * i, i % 2 ? 0.3 : 0.7});
-    return pageOf(520, {new TrackpadMapView({}, {}, {}, 0.03, title),
-                        new TrackpadMapView({{0.145, 0.52}}, {}, TapSample{0.145, 0.52}, 0.08,
-                                            title),
-                        new TrackpadMapView(legacy, fingers, legacy.back(), 0.09),
-                        new TrackpadMapView({{0.96, 0.05}}, {}, TapSample{0.96, 0.05}, 0.3),
-                        new TrackpadMapView(many)});
+    return pageOf(520,
+                  {new TrackpadMapView({}, {}, {}, 0.03, title),
+                   new TrackpadMapView({{0.145, 0.52}}, {}, TapSample{0.145, 0.52}, 0.08, title),
+                   new TrackpadMapView(legacy, fingers, legacy.back(), 0.09),
+                   new TrackpadMapView({{0.96, 0.05}}, {}, TapSample{0.96, 0.05}, 0.3),
+                   new TrackpadMapView(many)});
 }
 
 } // namespace brimlow::pictures

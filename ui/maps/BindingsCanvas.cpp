@@ -134,8 +134,9 @@ bool BindingsCanvas::event(QEvent* event) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const Spot* spot = spotAt(help->pos());
     // As rich text it wraps, and the name's own < and & stay as they are.
-    QToolTip::showText(help->globalPos(), spot ? Qt::convertFromPlainText(spot->name, Qt::WhiteSpaceNormal) : QString(),
-                       this);
+    QToolTip::showText(
+        help->globalPos(),
+        spot ? Qt::convertFromPlainText(spot->name, Qt::WhiteSpaceNormal) : QString(), this);
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "ui/maps/MapCanvas.h"
 
 #include "ui/maps/MapPainting.h"
+#include "ui/style/ApplicationStyle.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -18,6 +19,7 @@ MapCanvas::MapCanvas(double largestHeight, QWidget* parent)
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
+    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 QSize MapCanvas::sizeHint() const {
@@ -68,29 +70,41 @@ void MapCanvas::takePicture() {
     const double ratio = devicePixelRatioF();
     picture_ = QPixmap((QSizeF(size()) * ratio).toSize());
     picture_.setDevicePixelRatio(ratio);
-    picture_.fill(Qt::transparent);
+    picture_.fill(style::currentTheme().card);
     QPainter painter(&picture_);
     painter.setRenderHint(QPainter::Antialiasing);
     paintSurface(painter, surface_);
     paintStill(painter);
 }
 
+// Many small curves at once are spread over threads, which costs more than drawing them.
+void MapCanvas::takeFinger() {
+    const double ratio = devicePixelRatioF();
+    finger_ = QPixmap((QSizeF(2 * edge, 2 * edge) * ratio).toSize());
+    finger_.setDevicePixelRatio(ratio);
+    finger_.fill(Qt::transparent);
+    QPainter painter(&finger_);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintLiveTouch(painter, {edge, edge});
+}
+
 QRect MapCanvas::rectOf(const LiveTouch& touch) const {
-    const QPointF centre = pointOn(surface_, {touch.x, touch.y});
-    constexpr double reach = liveTouchReach;
-    return QRectF(centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach).toAlignedRect();
+    const QPoint centre = pointOn(surface_, {touch.x, touch.y}).toPoint();
+    constexpr int reach = static_cast<int>(edge);
+    return {centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach};
 }
 
 void MapCanvas::paintEvent(QPaintEvent* event) {
-    // Dragged to another display, or changed since.
-    if (!qFuzzyCompare(picture_.devicePixelRatio(), devicePixelRatioF()) || picture_.isNull())
+    // Changed since, or dragged to another display.
+    if (picture_.isNull() || !qFuzzyCompare(picture_.devicePixelRatio(), devicePixelRatioF())) {
         takePicture();
+        takeFinger();
+    }
     QPainter painter(this);
     painter.drawPixmap(0, 0, picture_);
-    painter.setRenderHint(QPainter::Antialiasing);
     for (const LiveTouch& each : liveTouches_)
         if (event->region().intersects(rectOf(each)))
-            paintLiveTouch(painter, pointOn(surface_, {each.x, each.y}));
+            painter.drawPixmap(rectOf(each).topLeft(), finger_);
 }
 
 } // namespace brimlow::maps

@@ -12,7 +12,8 @@ namespace brimlow::maps {
 
 /// The drawn trackpad, and the fingers on it. Fingers move at the pad's rate, so all else is a
 /// picture that is taken once and again only when it changes; a finger repaints where it was and
-/// where it is.
+/// where it is. Opaque, lest a finger has all that is
+/// behind the map painted anew: maps lie on cards.
 class MapCanvas : public QWidget {
 public:
     void setLiveTouches(const std::vector<LiveTouch>& touches);
@@ -46,11 +47,13 @@ protected:
 private:
     void place();
     void takePicture();
+    void takeFinger();
     QRect rectOf(const LiveTouch& touch) const;
 
     const double largestHeight_;
     QRectF surface_;
     QPixmap picture_; // null: out of date
+    QPixmap finger_;
     std::vector<LiveTouch> liveTouches_;
 };
 

@@ -29,6 +29,5 @@ void paintCapturedRing(QPainter& painter, const QPointF& centre);
 double capturedReach();
 
 void paintLiveTouch(QPainter& painter, const QPointF& centre);
-constexpr double liveTouchReach = 15.5;
 
 } // namespace brimlow::maps

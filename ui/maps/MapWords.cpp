@@ -17,9 +17,8 @@ QString counted(std::size_t count, const QString& noun) {
 } // namespace
 
 QString bindingsInWords(const std::vector<TapPositionMapping>& bindings) {
-    const auto recorded = std::count_if(bindings.begin(), bindings.end(), [](const auto& each) {
-        return !each.samples.empty();
-    });
+    const auto recorded = std::count_if(bindings.begin(), bindings.end(),
+                                        [](const auto& each) { return !each.samples.empty(); });
     return counted(bindings.size(), u"binding"_s) + u" · "_s + QString::number(recorded)
            + u" recorded"_s;
 }

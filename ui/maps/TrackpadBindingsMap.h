@@ -15,7 +15,7 @@ class Caption;
 namespace maps {
 class BindingsCanvas;
 class MapCanvas;
-}
+} // namespace maps
 
 /// Where a profile's bindings lie on the trackpad, in the colours of their rows, under a line that
 /// counts them. Shows what it is given; setters repaint what changed, so they may be called at any

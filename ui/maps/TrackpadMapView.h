@@ -16,7 +16,7 @@ class Caption;
 namespace maps {
 class MapCanvas;
 class SamplesCanvas;
-}
+} // namespace maps
 
 /// Where one binding's samples lie on the trackpad while it is edited, and the fingers that are on
 /// it now. Shows what it is given; setters repaint what changed, so they may be called at any rate.
