@@ -67,6 +67,11 @@ std::vector<Scene> scenes() {
         {u"windows-unreadable"_s, makeWindowsUnreadable},
         {u"windows-untitled"_s, makeWindowsUntitled},
         {u"windows-no-app"_s, makeWindowsNoApp},
+        {u"editor"_s, makeEditorEmpty},
+        {u"editor-whole"_s, makeEditorWhole},
+        {u"editor-legacy"_s, makeEditorLegacy},
+        {u"editor-countdown"_s, makeEditorCountdown},
+        {u"editor-recording"_s, makeEditorRecording},
     };
 }
 

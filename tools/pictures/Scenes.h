@@ -47,5 +47,10 @@ std::unique_ptr<QWidget> makeWindowsNotRunning();
 std::unique_ptr<QWidget> makeWindowsUnreadable();
 std::unique_ptr<QWidget> makeWindowsUntitled();
 std::unique_ptr<QWidget> makeWindowsNoApp();
+std::unique_ptr<QWidget> makeEditorEmpty();
+std::unique_ptr<QWidget> makeEditorWhole();
+std::unique_ptr<QWidget> makeEditorLegacy();
+std::unique_ptr<QWidget> makeEditorCountdown();
+std::unique_ptr<QWidget> makeEditorRecording();
 
 } // namespace brimlow::pictures

@@ -24,6 +24,7 @@ enum class Role {
     noticeText,
     rowDetail,
     unrecordedDetail,
+    recordedState,
     coordinates,
     greenBadge,
     orangeBadge,

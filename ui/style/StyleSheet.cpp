@@ -30,6 +30,7 @@ QLabel[role="secondCaption"] { font: @secondCaptionFont; color: @secondaryText; 
 QLabel[role="noticeText"] { font: @captionFont; }
 QLabel[role="rowDetail"] { font: @rowDetailFont; color: @tertiaryText; }
 QLabel[role="unrecordedDetail"] { font: @unrecordedDetailFont; color: @orangeText; }
+QLabel[role="recordedState"] { font: @rowFont; color: @greenText; }
 QLabel[role="coordinates"] { font: @coordinatesFont; color: @secondaryText; }
 QLabel:disabled { color: @disabledText; }
 
