@@ -12,7 +12,8 @@
 
 #include <gtest/gtest.h>
 
-#include <iostream>
+#include <algorithm>
+#include <cstdio>
 
 namespace brimlow::test {
 namespace {
@@ -139,29 +140,47 @@ TEST_F(AppPicker, ARowIsChosenWithOneClick) {
     EXPECT_EQ(shownTexts(view), QStringList(u"Terminal"_s));
 }
 
-TEST_F(AppPicker, IsQuickAndKeepsItsSizeWhateverApplicationsAreCalled) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr double slowness = 10;
+#else
+constexpr double slowness = 1;
+#endif
+
+// Each word is typed a few times: other work on the machine disturbs some of them.
+TEST_F(AppPicker, FiltersFiveHundredApplicationsWithinAFrame) {
     const style::ApplicationStyle applicationStyle;
     for (int index = 0; index < 500; ++index)
         world.applications.install(
             {.id = u"org.example.a%1"_s.arg(index), .plainName = u"Entry %1 of many"_s.arg(index)});
+    appear();
+    ASSERT_EQ(listed().size(), 503);
+    double slowest = 0;
+    for (const auto& text : {u"e"_s, u"en"_s, u"entry 4"_s, u"many"_s, u""_s}) {
+        double quickest = 1e9;
+        for (int round = 0; round < 5; ++round) {
+            query.setText(u"nothing"_s);
+            QElapsedTimer timer;
+            timer.start();
+            query.setText(text);
+            list.grab();
+            quickest = std::min(quickest, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+        }
+        slowest = std::max(slowest, quickest);
+    }
+    std::printf("keystroke among 500 applications: %.2f ms\n", slowest);
+    EXPECT_LT(slowest, 16 * slowness);
+}
+
+TEST_F(AppPicker, KeepsItsSizeWhateverApplicationsAreCalled) {
+    const style::ApplicationStyle applicationStyle;
     for (const auto& part : {u"m"_s, u"\u0301"_s, u"ש"_s, u"<b>&"_s})
         world.applications.install(
             {.id = part.repeated(10'000), .plainName = u"a\n"_s + part.repeated(10'000)});
     view.resize(400, 400);
     appear();
-    ASSERT_EQ(listed().size(), 507);
+    ASSERT_EQ(listed().size(), 7);
+    view.grab();
     EXPECT_EQ(list.height(), 280);
-    QElapsedTimer timer;
-    qint64 slowest = 0;
-    for (const auto& text : {u"e"_s, u"en"_s, u"ent"_s, u"entry 4"_s, u"m"_s, u"\u0301"_s, u""_s}) {
-        timer.start();
-        query.setText(text);
-        list.grab();
-        slowest = std::max(slowest, timer.nsecsElapsed());
-    }
-    std::cout << "slowest of 7 keystrokes with 507 applications: "
-              << static_cast<double>(slowest) / 1e6 << " ms\n";
-    EXPECT_LT(slowest, 16'000'000 * 10) << "sanitizers and busy machines make it slower";
     view.setSelectedBundleId(u"ש"_s.repeated(10'000));
     shownButton(view, u"Cancel"_s)->click();
     EXPECT_LE(view.minimumSizeHint().width(), 400);
