@@ -31,7 +31,6 @@ Size sizeOf(TextStyle style) {
     case TextStyle::row:
         return {13, 500};
     case TextStyle::smallButton:
-        return {12, 500};
     case TextStyle::fieldCaption:
         return {12, 500};
     case TextStyle::captionHeading:
