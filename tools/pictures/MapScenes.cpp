@@ -86,9 +86,9 @@ std::unique_ptr<QWidget> makeNarrowMaps() {
 
 std::unique_ptr<QWidget> makeSampleMaps() {
     const std::vector<TapSample> legacy{{0.2, 0.3}, {0.22, 0.34}, {0.26, 0.28}, {0.24, 0.36}};
-    std::vector<TapSample> many;
+    std::vector<TapSample> many(12);
     for (int i = 0; i < 12; ++i)
-        many.push_back({0.06 + 0.08 * i, i % 2 ? 0.3 : 0.7});
+        many[i] = {0.06 + 0.08 * i, i % 2 ? 0.3 : 0.7};
     return pageOf(520,
                   {new TrackpadMapView({}, {}, {}, 0.03, title),
                    new TrackpadMapView({{0.145, 0.52}}, {}, TapSample{0.145, 0.52}, 0.08, title),

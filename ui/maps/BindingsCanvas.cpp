@@ -6,13 +6,13 @@
 
 #include <QFontMetricsF>
 #include <QHelpEvent>
+#include <QLineF>
 #include <QPainter>
 #include <QTextDocument>
 #include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 namespace brimlow::maps {
 
@@ -116,16 +116,20 @@ void BindingsCanvas::paintStill(QPainter& painter) const {
 }
 
 const BindingsCanvas::Spot* BindingsCanvas::spotAt(const QPointF& point) const {
-    for (const Spot& each : spots_ | std::views::reverse)
-        if (QLineF(point, pointOn(surface(), each.centre)).length() <= markerReach)
-            return &each;
-    for (const Spot& each : spots_ | std::views::reverse)
-        if (each.labelRect.contains(point))
-            return &each;
-    for (const Spot& each : spots_ | std::views::reverse)
-        if (isInside(areaOn(surface(), each.centre, each.radius), point))
-            return &each;
-    return nullptr;
+    const auto topmost = [this](const auto& isThere) {
+        const auto found = std::find_if(spots_.rbegin(), spots_.rend(), isThere);
+        return found == spots_.rend() ? nullptr : &*found;
+    };
+    const Spot* spot = topmost([&](const Spot& each) {
+        return QLineF(point, pointOn(surface(), each.centre)).length() <= markerReach;
+    });
+    if (!spot)
+        spot = topmost([&](const Spot& each) { return each.labelRect.contains(point); });
+    if (!spot)
+        spot = topmost([&](const Spot& each) {
+            return isInside(areaOn(surface(), each.centre, each.radius), point);
+        });
+    return spot;
 }
 
 bool BindingsCanvas::event(QEvent* event) {

@@ -37,9 +37,9 @@ QImage drawn(const std::vector<TapPositionMapping>& bindings, const QSize& size 
 
 TEST(BindingsCanvas, ColoursFollowTheProfileAlsoPastUnrecordedBindings) {
     const style::ApplicationStyle applicationStyle;
-    std::vector<TapPositionMapping> bindings;
+    std::vector<TapPositionMapping> bindings(10);
     for (int i = 0; i < 10; ++i)
-        bindings.push_back(binding({{0.05 + 0.1 * i, 0.5}}));
+        bindings[i] = binding({{0.05 + 0.1 * i, 0.5}});
     bindings[4].samples.clear();
     const QImage picture = drawn(bindings);
     for (const std::size_t i : {0U, 1U, 2U, 3U, 5U, 6U, 7U, 8U, 9U})
@@ -103,8 +103,8 @@ TEST(BindingsCanvas, TellsTheWholeNameOfWhatTheMouseIsOn) {
         QString expected;
     } rows[]{{{0.9, 0.5}, {}},
              {{0.3, 0.5}, u"First &lt;2&gt; &amp; more"_s}, // its marker, in the other's area
-             {{0.3, 0.5 - 18.0 / 240}, u"First"_s},          // its label
-             {{0.35, 0.6}, u"Second"_s},                     // both areas
+             {{0.3, 0.5 - 18.0 / 240}, u"First"_s},         // its label
+             {{0.35, 0.6}, u"Second"_s},                    // both areas
              {{0.15, 0.5}, u"First"_s}};
     for (const auto& [position, expected] : rows) {
         QHelpEvent help(QEvent::ToolTip, at(position), canvas.mapToGlobal(at(position)));
@@ -117,8 +117,8 @@ TEST(BindingsCanvas, TellsTheWholeNameOfWhatTheMouseIsOn) {
 TEST(BindingsCanvas, SurvivesWhateverAFileHolds) {
     constexpr double endless = std::numeric_limits<double>::infinity();
     std::vector<TapPositionMapping> bindings{
-        binding({{1e300, -1e300}}, 1e300), binding({{1e308, 0}, {1e308, 0}}, 0.1),
-        binding({{0.5, 0.5}}, endless),    binding({{0.5, 0.5}}, -1),
+        binding({{1e300, -1e300}}, 1e300),   binding({{1e308, 0}, {1e308, 0}}, 0.1),
+        binding({{0.5, 0.5}}, endless),      binding({{0.5, 0.5}}, -1),
         binding({{0.5, 0.5}}, std::nan("")),
     };
     for (int i = 0; i < 300; ++i)
@@ -148,8 +148,7 @@ TEST(TrackpadBindingsMap, CountsBindingsAndTheRecordedOnes) {
         EXPECT_EQ(map.accessibleDescription(), expected);
     }
     map.setLiveTouches({{1, 0.5, 0.5}});
-    EXPECT_EQ(map.accessibleDescription(),
-              u"2 bindings · 1 recorded, 1 finger on the trackpad"_s);
+    EXPECT_EQ(map.accessibleDescription(), u"2 bindings · 1 recorded, 1 finger on the trackpad"_s);
     EXPECT_EQ(map.accessibleName(), u"All bindings on trackpad"_s);
 }
 

@@ -22,11 +22,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 std::vector<TapPositionMapping> tenBindings() {
-    std::vector<TapPositionMapping> all;
+    std::vector<TapPositionMapping> all(10);
     for (int i = 0; i < 10; ++i)
-        all.push_back({.name = u"Binding "_s + QString::number(i),
-                       .samples = {{0.1 * i, 0.3 + 0.05 * i}},
-                       .explicitMatchRadius = 0.1});
+        all[i] = {.name = u"Binding "_s + QString::number(i),
+                  .samples = {{0.1 * i, 0.3 + 0.05 * i}},
+                  .explicitMatchRadius = 0.1};
     return all;
 }
 
@@ -118,10 +118,10 @@ double secondOfFiveFingers(Map& map) {
     constexpr int frames = 250;
     const double before = processorSeconds();
     for (int frame = 0; frame < frames; ++frame) {
-        std::vector<LiveTouch> touches;
+        std::vector<LiveTouch> touches(5);
         for (int id = 0; id < 5; ++id)
-            touches.push_back({id, 0.5 + 0.4 * std::sin(0.05 * frame + id),
-                               0.5 + 0.4 * std::cos(0.07 * frame + 2 * id)});
+            touches[id] = {id, 0.5 + 0.4 * std::sin(0.05 * frame + id),
+                           0.5 + 0.4 * std::cos(0.07 * frame + 2 * id)};
         map.setLiveTouches(touches);
         QCoreApplication::processEvents();
     }
@@ -129,9 +129,8 @@ double secondOfFiveFingers(Map& map) {
 }
 
 TEST_F(LiveTouches, FiveAtThePadsRateCostLittleOfOneCore) {
-    for (const auto& [name, seconds] :
-         {std::pair{"bindings", secondOfFiveFingers(bindings)},
-          std::pair{"samples", secondOfFiveFingers(samples)}}) {
+    for (const auto& [name, seconds] : {std::pair{"bindings", secondOfFiveFingers(bindings)},
+                                        std::pair{"samples", secondOfFiveFingers(samples)}}) {
         std::cout << name << ": " << seconds * 100 << " % of one core\n";
         EXPECT_LT(seconds, 0.08) << name;
     }
