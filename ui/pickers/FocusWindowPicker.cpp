@@ -39,9 +39,8 @@ Banner* makeError(const QString& text) {
     if (const auto link = settingsLink(text)) {
         auto* open = controls::borderedButton(QString(link->text).replace(u"&"_s, u"&&"_s));
         open->setAccessibleName(link->text);
-        QObject::connect(open, &QPushButton::clicked, banner, [address = link->address] {
-            platform::NSWorkspace::openURL(address);
-        });
+        QObject::connect(open, &QPushButton::clicked, banner,
+                         [address = link->address] { platform::NSWorkspace::openURL(address); });
         banner->addButton(open);
     }
     return banner;
@@ -63,8 +62,7 @@ FocusWindowPicker::FocusWindowPicker(bool hideAlreadyBound, QWidget* parent)
     rows_->addWidget(bound_);
     rows_->addWidget(hint_);
     rows_->addWidget(list_);
-    connect(rescan_, &QPushButton::clicked, this,
-            [this] { showScan(scanWindows(bundleId_)); });
+    connect(rescan_, &QPushButton::clicked, this, [this] { showScan(scanWindows(bundleId_)); });
     connect(bound_, &BoundWindow::clearRequested, this, [this] { bind({}); });
     connect(list_, &RowList::chosen, this, [this](int row) {
         const PickableWindow& window = visible_[static_cast<std::size_t>(row)];

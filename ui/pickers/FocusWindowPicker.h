@@ -14,7 +14,7 @@ namespace brimlow {
 namespace controls {
 class Banner;
 class Caption;
-}
+} // namespace controls
 class BoundWindow;
 class RowList;
 

@@ -14,7 +14,7 @@ struct ListRow {
     QImage icon; // null: the symbol takes its place
     QString symbol;
     style::Tone symbolTone = &style::Theme::secondaryText;
-    bool isTinted = false;  // what is chosen
+    bool isTinted = false; // what is chosen
     bool hasCheck = false;
 };
 

@@ -16,8 +16,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString optional = u"Optional — pick a specific window for surgical targeting, or leave unset "
-                         u"to just focus / launch the app on tap."_s;
+const QString optional =
+    u"Optional — pick a specific window for surgical targeting, or leave unset "
+    u"to just focus / launch the app on tap."_s;
 const QString notScanned = u"Click the refresh icon to list this app's currently-open windows."_s;
 const QString alreadyBound = u"This window is already bound. Use Refresh to scan again."_s;
 const QString clickOne =
