@@ -36,8 +36,8 @@ QString textOf(bool value) {
 /// The presses in seconds since 1970, in the order in which they came; absent where there is no log
 /// of them, or none that can be read.
 std::optional<std::vector<double>> grantAttempts() {
-    const auto log = Platform::current().standardUserDefaults.arrayForKey(
-        PermissionsManager::grantAttemptsKey);
+    const auto log =
+        Platform::current().standardUserDefaults.arrayForKey(PermissionsManager::grantAttemptsKey);
     if (!log)
         return std::nullopt;
     std::vector<double> attempts;
