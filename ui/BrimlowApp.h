@@ -15,6 +15,8 @@ public:
     /// Brings the engine up; from then on a change of the switch is applied on the next turn.
     void start();
 
+    AppCoordinator& coordinator() { return coordinator_; }
+
 private:
     void settingsWillChange();
 

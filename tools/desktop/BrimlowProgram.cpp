@@ -16,6 +16,7 @@ QString BrimlowProgram::builtProgram() {
 BrimlowProgram::BrimlowProgram(const QProcessEnvironment& environment, const QString& program)
     : process_(program.isEmpty() ? builtProgram() : program, {}, environment) {
     process_.process().setProcessChannelMode(QProcess::MergedChannels);
+    process_.process().setStandardInputFile({}); // write() goes there
 }
 
 QString BrimlowProgram::readLine(qint64 milliseconds) {

@@ -24,6 +24,9 @@ public:
     bool stop() { return process_.stop(); }
     qint64 pid() const { return process_.pid(); }
 
+    /// To its standard input.
+    void write(const QByteArray& text) { process_.process().write(text); }
+
     /// Reads on until a line contains `text`; lines that were read before do not count. An empty
     /// result means that none came in time, or that the program has ended.
     QString waitForLine(const QString& text, int milliseconds = 5000);
