@@ -1,6 +1,6 @@
 // The real program with the binding editor open, as long as no window of its own opens it. A line
 // on standard input names a widget by what a screen reader calls it; the answer is where on the
-// screen it is: "at X Y WIDTH HEIGHT".
+// screen it can be seen: "at X Y WIDTH HEIGHT".
 
 #include "ui/BrimlowApp.h"
 #include "ui/DesktopPlatform.h"
@@ -24,7 +24,7 @@ QRect placeOf(const QWidget& window, const QString& name) {
         const auto* button = qobject_cast<QAbstractButton*>(each);
         const bool named = each->accessibleName() == name || (button && button->text() == name);
         if (named && each->isVisible())
-            return {each->mapToGlobal(QPoint()), each->size()};
+            return each->visibleRegion().boundingRect().translated(each->mapToGlobal(QPoint()));
     }
     return {};
 }

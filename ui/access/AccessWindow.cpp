@@ -30,7 +30,7 @@ constexpr QSize usualSize{520, 640};
 
 } // namespace
 
-AccessWindow::AccessWindow() : scroll_(new controls::ScrollPage) {
+AccessWindow::AccessWindow() : scroll_(new controls::ScrollPage(u"Access"_s)) {
     setWindowTitle(u"Brimlow Access"_s);
     resize(usualSize);
     auto* layout = new QVBoxLayout(this);

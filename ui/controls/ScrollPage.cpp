@@ -8,7 +8,8 @@
 
 namespace brimlow::controls {
 
-ScrollPage::ScrollPage(QWidget* parent) : QScrollArea(parent) {
+ScrollPage::ScrollPage(const QString& accessibleName, QWidget* parent) : QScrollArea(parent) {
+    setAccessibleName(accessibleName);
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

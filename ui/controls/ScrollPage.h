@@ -14,7 +14,8 @@ public:
     static constexpr int padding = 20;
     static constexpr int widest = 720;
 
-    explicit ScrollPage(QWidget* parent = nullptr);
+    /// The name is what a screen reader says when the keyboard comes to scroll it.
+    explicit ScrollPage(const QString& accessibleName, QWidget* parent = nullptr);
 
     /// Takes the place of the column before, at the same scroll position. Belongs to this.
     void setColumn(QWidget* column);

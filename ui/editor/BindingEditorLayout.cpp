@@ -57,7 +57,7 @@ void BindingEditorSheet::build() {
     resize(style::currentType().scaled(usualSize.width()),
            style::currentType().scaled(usualSize.height()));
     setModal(true);
-    page_ = new controls::ScrollPage;
+    page_ = new controls::ScrollPage(windowTitle());
     page_->setColumn(makeColumn());
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins({});

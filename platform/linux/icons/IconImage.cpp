@@ -7,6 +7,8 @@
 #include <QGuiApplication>
 #include <QImageReader>
 
+#include <algorithm>
+
 namespace brimlow::platform {
 
 namespace {
@@ -26,6 +28,16 @@ QImage centred(const QImage& image, int side) {
     // What a copy has outside of the image is transparent.
     const QSize margin = (QSize(side, side) - image.size()) / 2;
     return image.copy(-margin.width(), -margin.height(), side, side);
+}
+
+/// Drawings that Qt cannot make out come out empty.
+bool showsNothing(const QImage& image) {
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        if (std::any_of(line, line + image.width(), [](QRgb pixel) { return qAlpha(pixel) > 0; }))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -51,6 +63,8 @@ QImage readIconImage(const QString& file, int side) {
     if (image.isNull())
         return {};
     image.convertTo(QImage::Format_ARGB32_Premultiplied);
+    if (showsNothing(image))
+        return {};
     if (image.size() != target)
         image = image.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     return centred(image, side);

@@ -1,7 +1,9 @@
 #include "ui/editor/BindingEditorSheet.h"
 
 #include "tests/support/TestPlatform.h"
+#include "ui/style/ApplicationStyle.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -175,6 +177,52 @@ TEST_F(Editor, AnApplicationIsAskedForWhereOneIsNeeded) {
     choose(TapAction::hideAll);
     EXPECT_FALSE(shows(u"App"_s));
     EXPECT_TRUE(button(u"Save"_s)->isEnabled());
+}
+
+TEST_F(Editor, TheKeyboardReachesEverythingAndAScreenReaderNamesIt) {
+    open(BindingDraft::edit(add(TapAction::focusWindow)));
+    std::vector<QWidget*> reached;
+    for (QWidget* at = QApplication::focusWidget();
+         at && std::ranges::find(reached, at) == reached.end(); at = QApplication::focusWidget()) {
+        reached.push_back(at);
+        const auto* accessible = QAccessible::queryAccessibleInterface(at);
+        ASSERT_TRUE(accessible);
+        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty())
+            << at->metaObject()->className();
+        QTest::keyClick(at, Qt::Key_Tab);
+    }
+    for (auto* each : sheet->findChildren<QWidget*>())
+        if (each->isVisible() && each->isEnabled() && (each->focusPolicy() & Qt::TabFocus)) {
+            EXPECT_NE(std::ranges::find(reached, each), reached.end())
+                << each->metaObject()->className() << ' ' << each->accessibleName().toStdString();
+        }
+    EXPECT_GE(reached.size(), 10U);
+}
+
+TEST_F(Editor, TextOfAnySizeAndLengthFits) {
+    TapPositionMapping binding{.id = QUuid::createUuid(), .action = TapAction::openApp};
+    binding.name = QString(10'000, u'W') + u"\nשלום e\u0301"_s;
+    binding.appName = QString(10'000, u'x');
+    for (int at = 0; at < 3000; ++at)
+        binding.samples.push_back({at / 3000.0, 0.5});
+    binding.explicitMatchRadius = 1e300;
+    store.add(binding);
+    open(BindingDraft::edit(binding));
+    EXPECT_EQ(sheet->width(), 520);
+    sheet->save();
+    EXPECT_EQ(stored(), sheet->draft().binding(world.time.wallClock())) << "nothing of it was cut";
+
+    style::ApplicationStyle large({.textScale = 2});
+    open(BindingDraft::create());
+    for (auto* each : sheet->findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<QLabel*>(each);
+        if (!each->isVisible() || !(label || qobject_cast<QAbstractButton*>(each)))
+            continue;
+        EXPECT_GE(each->height(), label && label->wordWrap() ? label->heightForWidth(label->width())
+                                                             : each->minimumSizeHint().height())
+            << each->metaObject()->className() << ' '
+            << (label ? label->text().toStdString() : std::string());
+    }
 }
 
 TEST_F(Editor, AnActionThatIsNotOfferedSurvivesAndDeleteNeedsNoQuestion) {
