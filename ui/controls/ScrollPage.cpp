@@ -1,5 +1,6 @@
 #include "ui/controls/ScrollPage.h"
 
+#include "ui/style/ApplicationStyle.h"
 #include "ui/style/Role.h"
 
 #include <QEvent>
@@ -20,7 +21,7 @@ void ScrollPage::setColumn(QWidget* column) {
     auto* page = new QFrame;
     style::setRole(page, style::Role::page);
     auto* layout = new QHBoxLayout(page);
-    column->setMaximumWidth(widest);
+    column->setMaximumWidth(style::currentType().scaled(widest));
     layout->addWidget(column);
     const int position = verticalScrollBar()->value();
     if (QWidget* old = takeWidget())

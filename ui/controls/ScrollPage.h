@@ -12,7 +12,7 @@ class ScrollPage : public QScrollArea {
 
 public:
     static constexpr int padding = 20;
-    static constexpr int widest = 720;
+    static constexpr int widest = 720; // grows with the desktop's text
 
     /// The name is what a screen reader says when the keyboard comes to scroll it.
     explicit ScrollPage(const QString& accessibleName, QWidget* parent = nullptr);

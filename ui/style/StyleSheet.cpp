@@ -94,7 +94,7 @@ QLineEdit:disabled { background: transparent; border-color: @cardBorder; color: 
 
 QComboBox {
     font: @rowFont; background: @button; border: 1px solid @buttonBorder; border-radius: 6px;
-    padding: 0 @10; min-height: @26;
+    padding: 0 @10; min-height: @26; icon-size: @16;
 }
 QComboBox:hover { background: @buttonHover; }
 QComboBox:on { background: @buttonPressed; }
