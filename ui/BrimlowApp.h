@@ -12,7 +12,8 @@ class BrimlowApp {
 public:
     BrimlowApp();
 
-    /// Brings the engine up; from then on a change of the switch is applied on the next turn.
+    /// Brings the engine up; from then on a change of the switch is applied on the next turn. Where
+    /// no trackpad can be read the user is asked for it now.
     void start();
 
     AppCoordinator& coordinator() { return coordinator_; }

@@ -74,5 +74,21 @@ TEST_P(GrantedRoad, AskingTakesNoFocusAndTapsArriveOnceItIsGranted) {
     EXPECT_TRUE(program->stop());
 }
 
+TEST_P(GrantedRoad, WhereNoTapCanAskTheStartDoes) {
+    pad.setPermissions(0);
+    second.setPermissions(0);
+    const auto terminal = openTerminal(u"work"_s);
+    ASSERT_TRUE(becomesActive(terminal));
+    start({bindingAt(u"right"_s, right.x, right.y, TapAction::switchDesktopRight)});
+    ASSERT_TRUE(desktop.waitFor([&](const DesktopState&) { return accessWindow() != 0; }));
+    EXPECT_EQ(desktop.state()->activeWindow, terminal);
+    pad.setPermissions(0600);
+    second.setPermissions(0600);
+    ASSERT_TRUE(says(u"PermissionsManager: Accessibility changed to true"_s));
+    tap(right);
+    EXPECT_TRUE(workspaceBecomes(1));
+    EXPECT_TRUE(program->stop());
+}
+
 } // namespace
 } // namespace brimlow::desktop
