@@ -9,16 +9,6 @@ namespace brimlow {
 
 namespace {
 
-TapSample centreOf(const std::vector<TapSample>& samples) {
-    TapSample sum;
-    for (const TapSample& sample : samples) {
-        sum.x += sample.x;
-        sum.y += sample.y;
-    }
-    const auto count = static_cast<double>(samples.size());
-    return {sum.x / count, sum.y / count};
-}
-
 bool accepts(const TapPositionMapping& binding, const TapSample& tap) {
     return !binding.samples.empty() && binding.nearestDistance(tap) <= binding.matchRadius();
 }

@@ -25,4 +25,14 @@ double distance(const TapSample& a, const TapSample& b) {
     return std::hypot(a.x - b.x, a.y - b.y);
 }
 
+TapSample centreOf(const std::vector<TapSample>& samples) {
+    TapSample sum;
+    for (const TapSample& sample : samples) {
+        sum.x += sample.x;
+        sum.y += sample.y;
+    }
+    const auto count = static_cast<double>(samples.size());
+    return {sum.x / count, sum.y / count};
+}
+
 } // namespace brimlow

@@ -3,6 +3,7 @@
 #include <QJsonValue>
 
 #include <optional>
+#include <vector>
 
 namespace brimlow {
 
@@ -24,5 +25,8 @@ struct TapSample {
 
 /// The plain distance, in the units of the axes: a trackpad's shape does not count.
 double distance(const TapSample& a, const TapSample& b);
+
+/// The mean position; of no samples, one that is not a number.
+TapSample centreOf(const std::vector<TapSample>& samples);
 
 } // namespace brimlow

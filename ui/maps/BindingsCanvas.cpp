@@ -23,16 +23,6 @@ constexpr int widestLabel = 118;
 constexpr double areaOpacity = 0.15;
 constexpr double ringWidth = 2;
 
-TapSample middleOf(const std::vector<TapSample>& samples) {
-    TapSample sum;
-    for (const TapSample& each : samples) {
-        sum.x += each.x;
-        sum.y += each.y;
-    }
-    const auto count = static_cast<double>(samples.size());
-    return {sum.x / count, sum.y / count};
-}
-
 QMarginsF markOf(const QSizeF& label) {
     const double side = std::max(label.width() / 2, markerReach + 1);
     return {side, markerReach + 1, side, labelDrop(label.height()) + label.height() / 2};
@@ -51,7 +41,7 @@ BindingsCanvas::BindingsCanvas(QWidget* parent) : MapCanvas(largestHeight, paren
 
 std::optional<BindingsCanvas::Spot> BindingsCanvas::spotOf(const TapPositionMapping& binding,
                                                            std::size_t position) {
-    const TapSample centre = middleOf(binding.samples);
+    const TapSample centre = centreOf(binding.samples);
     if (binding.samples.empty() || !isDrawable(centre))
         return {};
     const double radius = binding.matchRadius();

@@ -45,7 +45,6 @@ const QStringList needed{
     u"macwindow"_s,
     u"macwindow.on.rectangle"_s,
     u"magnifyingglass"_s,
-    u"minus.circle"_s,
     u"nosign"_s,
     u"pencil"_s,
     u"plus.circle.fill"_s,
