@@ -19,6 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// No file system takes a name of more than 255 bytes; this many characters are at most 180.
+constexpr qsizetype longestStem = 60;
+
 /// One replacement. Its steps give an errno, or 0.
 class Writing {
 public:
@@ -40,11 +43,11 @@ public:
         return 0;
     }
 
-    int writeNewFile(const QByteArray& name, const QByteArray& contents) {
+    int writeNewFile(const QByteArray& name, const QByteArray& contents, unsigned permissions) {
         if (::unlink(name.constData()) != 0 && errno != ENOENT) // left behind by a crash
             return errno;
         const FileDescriptor file(
-            ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+            ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions));
         if (!file)
             return errno;
         if (const int error = writeAll(file, contents))
@@ -86,16 +89,16 @@ private:
 
 } // namespace
 
-Replacement replaceFile(const QString& path, const QByteArray& contents) {
+Replacement replaceFile(const QString& path, const QByteArray& contents, unsigned permissions) {
     const QFileInfo target(symbolicLinkTarget(path));
     const QString folder = target.absolutePath();
     Writing writing;
     if (const int error = writing.makeFolder(folder))
         return {false, messageOf(error)};
     const QByteArray name = QFile::encodeName(target.absoluteFilePath());
-    const QByteArray newName =
-        QFile::encodeName(folder + u"/."_s + target.fileName() + u".brimlow-new"_s);
-    int error = writing.writeNewFile(newName, contents);
+    const QByteArray newName = QFile::encodeName(
+        folder + u"/."_s + target.fileName().left(longestStem) + u".brimlow-new"_s);
+    int error = writing.writeNewFile(newName, contents, permissions);
     if (error == 0 && ::rename(newName.constData(), name.constData()) != 0)
         error = errno;
     if (error != 0) {

@@ -5,6 +5,13 @@
 
 namespace brimlow {
 
+namespace {
+
+/// Somebody else may read it, unlike our own files, unless the user's mask says otherwise.
+constexpr unsigned permissionsOfShared = 0666;
+
+} // namespace
+
 std::optional<ProfileJSONDocument> ProfileJSONDocument::read(const QString& path) {
     auto contents = platform::readRegularFile(path, largestProfile + 1);
     if (contents.error != 0)
@@ -13,7 +20,7 @@ std::optional<ProfileJSONDocument> ProfileJSONDocument::read(const QString& path
 }
 
 std::optional<QString> ProfileJSONDocument::write(const QString& path) const {
-    return platform::replaceFile(path, data).complaint;
+    return platform::replaceFile(path, data, permissionsOfShared).complaint;
 }
 
 } // namespace brimlow
