@@ -67,6 +67,10 @@ QPushButton* iconButton(const QString& text, const QString& symbol) {
     return symbolOnly(text, symbol, &Theme::text, Role::icon);
 }
 
+QPushButton* destructiveIconButton(const QString& text, const QString& symbol) {
+    return symbolOnly(text, symbol, &Theme::redText, Role::destructiveIcon);
+}
+
 QPushButton* flatIconButton(const QString& text, const QString& symbol) {
     return symbolOnly(text, symbol, &Theme::secondaryText, Role::flatIcon);
 }

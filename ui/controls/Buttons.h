@@ -15,6 +15,7 @@ QPushButton* borderedButton(const QString& text, const QString& symbol = {});
 QPushButton* destructiveButton(const QString& text, const QString& symbol = {});
 /// Only a symbol: `text` is its tool tip and its accessible name.
 QPushButton* iconButton(const QString& text, const QString& symbol);
+QPushButton* destructiveIconButton(const QString& text, const QString& symbol);
 /// The same without a frame, for use inside of lists and chips.
 QPushButton* flatIconButton(const QString& text, const QString& symbol);
 /// One of the pages in a window's sidebar; checked where its page is shown.

@@ -7,10 +7,6 @@
 
 namespace brimlow::controls {
 
-namespace {
-constexpr int padding = 12;
-} // namespace
-
 Card::Card(QWidget* parent) : QFrame(parent), rows_(new QVBoxLayout(this)) {
     style::setRole(this, style::Role::card);
     rows_->setContentsMargins(0, 0, 0, 0);
@@ -18,27 +14,46 @@ Card::Card(QWidget* parent) : QFrame(parent), rows_(new QVBoxLayout(this)) {
 }
 
 void Card::add(QWidget* row) {
-    padded()->addWidget(row);
+    padded(rows_)->addWidget(row);
 }
 
 void Card::add(QLayout* row) {
-    padded()->addLayout(row);
+    padded(rows_)->addLayout(row);
+}
+
+void Card::addFlush(QWidget* row) {
+    rows_->addWidget(row);
 }
 
 void Card::addDivider(int indent) {
+    addDivider(rows_, indent);
+}
+
+QWidget* Card::addPart(QLayout* row) {
+    auto* part = new QWidget;
+    auto* rows = new QVBoxLayout(part);
+    rows->setContentsMargins({});
+    rows->setSpacing(0);
+    addDivider(rows, 0);
+    padded(rows)->addLayout(row);
+    rows_->addWidget(part);
+    return part;
+}
+
+void Card::addDivider(QBoxLayout* rows, int indent) {
     auto* line = new QFrame;
     style::setRole(line, style::Role::divider);
     line->setFixedHeight(1);
     auto* inset = new QHBoxLayout;
     inset->setContentsMargins(indent, 0, indent > 0 ? sidePadding : 0, 0);
     inset->addWidget(line);
-    rows_->addLayout(inset);
+    rows->addLayout(inset);
 }
 
-QBoxLayout* Card::padded() {
+QBoxLayout* Card::padded(QBoxLayout* rows) {
     auto* layout = new QVBoxLayout;
     layout->setContentsMargins(sidePadding, padding, sidePadding, padding);
-    rows_->addLayout(layout);
+    rows->addLayout(layout);
     return layout;
 }
 

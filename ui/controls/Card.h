@@ -13,16 +13,22 @@ class Card : public QFrame {
 
 public:
     static constexpr int sidePadding = 14;
+    static constexpr int padding = 12; // above and below
 
     explicit Card(QWidget* parent = nullptr);
 
     void add(QWidget* row);
     void add(QLayout* row);
+    /// From edge to edge: it is padded itself.
+    void addFlush(QWidget* row);
     /// From edge to edge; with an indent up to the padding on the right.
     void addDivider(int indent = 0);
+    /// A row below a divider, which are hidden and shown together.
+    QWidget* addPart(QLayout* row);
 
 private:
-    QBoxLayout* padded();
+    static QBoxLayout* padded(QBoxLayout* rows);
+    static void addDivider(QBoxLayout* rows, int indent);
 
     QBoxLayout* rows_;
 };

@@ -32,8 +32,8 @@ using style::Theme;
 namespace {
 
 constexpr QSize usualSize{520, 680};
-constexpr ValueSlider::Range radii{.first = 20, .last = 300, .step = 5};
-constexpr ValueSlider::Range pressures{.first = 0, .last = 1500, .step = 50};
+constexpr controls::ValueSlider::Range radii{.first = 20, .last = 300, .step = 5};
+constexpr controls::ValueSlider::Range pressures{.first = 0, .last = 1500, .step = 50};
 
 QFrame* divider() {
     auto* line = new QFrame;
@@ -78,18 +78,18 @@ QWidget* BindingEditorSheet::makeColumn() {
     radius_ = new SliderPanel(
         {.heading = u"Match Radius"_s,
          .smallEnd = u"Smaller (precise spot)"_s,
-         .largeEnd = u"Bigger (loose area)"_s,
-         .note = u"This is the actual radius around your recorded position that counts as a match. "
-                 u"The pale circle on the map above shows it live."_s},
-        radii);
+         .largeEnd = u"Bigger (loose area)"_s},
+        radii,
+        u"This is the actual radius around your recorded position that counts as a match. "
+        u"The pale circle on the map above shows it live."_s);
     pressure_ = new SliderPanel(
         {.heading = u"Required Tap Pressure"_s,
          .smallEnd = u"Any tap (incl. light brushes)"_s,
-         .largeEnd = u"Firm press only"_s,
-         .note = u"Filters out accidental light brushes. The trackpad measures finger contact "
-                 u"size; firmer presses give bigger sizes. Watch the 'TRACKPAD TAP ... size=...' "
-                 u"log lines to see how strong your normal taps register."_s},
-        pressures);
+         .largeEnd = u"Firm press only"_s},
+        pressures,
+        u"Filters out accidental light brushes. The trackpad measures finger contact "
+        u"size; firmer presses give bigger sizes. Watch the 'TRACKPAD TAP ... size=...' "
+        u"log lines to see how strong your normal taps register."_s);
 
     auto* column = new QWidget;
     auto* rows = new QVBoxLayout(column);

@@ -1,35 +1,27 @@
 #pragma once
 
 #include "ui/controls/Card.h"
-#include "ui/editor/ValueSlider.h"
-
-class QLabel;
+#include "ui/controls/LabelledSlider.h"
 
 namespace brimlow {
 
-/// A panel with a heading, a readout of the value, a slider and what its ends mean.
+/// A panel with a slider and a note on what its value is about.
 class SliderPanel : public controls::Card {
     Q_OBJECT
 
 public:
-    struct Texts {
-        QString heading;
-        QString smallEnd;
-        QString largeEnd;
-        QString note;
-    };
+    SliderPanel(const controls::LabelledSlider::Texts& texts,
+                const controls::ValueSlider::Range& range, const QString& note,
+                QWidget* parent = nullptr);
 
-    SliderPanel(const Texts& texts, const ValueSlider::Range& range, QWidget* parent = nullptr);
-
-    void show(double value, const QString& readout);
+    void show(double value, const QString& readout) { slider_->show(value, readout); }
     using QWidget::show;
 
 Q_SIGNALS:
     void chosen(double value);
 
 private:
-    ValueSlider* slider_;
-    QLabel* readout_;
+    controls::LabelledSlider* slider_;
 };
 
 } // namespace brimlow

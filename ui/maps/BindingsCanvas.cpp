@@ -60,7 +60,10 @@ void BindingsCanvas::setBindings(const std::vector<TapPositionMapping>& bindings
 }
 
 int BindingsCanvas::heightForWidth(int width) const {
-    return static_cast<int>(heightFor(width, largestHeight, footprints()));
+    const auto known = heights_.constFind(width);
+    if (known != heights_.constEnd())
+        return *known;
+    return *heights_.insert(width, static_cast<int>(heightFor(width, largestHeight, footprints())));
 }
 
 std::vector<Footprint> BindingsCanvas::footprints() const {
@@ -71,6 +74,7 @@ std::vector<Footprint> BindingsCanvas::footprints() const {
 }
 
 void BindingsCanvas::measure() {
+    heights_.clear();
     const auto& type = style::currentType();
     const QFontMetricsF metrics(type.font(style::TextStyle::mapLabel));
     constexpr double padding = 5;

@@ -3,6 +3,8 @@
 #include "profiles/TapPositionMapping.h"
 #include "ui/maps/MapCanvas.h"
 
+#include <QHash>
+
 namespace brimlow::maps {
 
 /// All recorded bindings on the trackpad: around the middle of its samples the area of each, with
@@ -38,6 +40,7 @@ private:
     const Spot* spotAt(const QPointF& point) const;
 
     std::vector<Spot> spots_;
+    mutable QHash<int, int> heights_; // by width: layouts ask for the same few again and again
 };
 
 } // namespace brimlow::maps

@@ -42,6 +42,7 @@ enum class Role {
     prominent,
     destructive,
     icon,
+    destructiveIcon,
     flatIcon,
     sidebarRow,
     // QListView

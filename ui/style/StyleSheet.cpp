@@ -62,15 +62,15 @@ QPushButton[role="prominent"] {
 QPushButton[role="prominent"]:hover { background: @accentHover; border-color: @accentHover; }
 QPushButton[role="prominent"]:pressed { background: @accentPressed; border-color: @accentPressed; }
 QPushButton[role="destructive"] { color: @redText; }
-QPushButton[role="destructive"]:hover {
+QPushButton[role^="destructive"]:hover {
     background: @destructiveHover; border-color: @destructiveBorder;
 }
-QPushButton[role="destructive"]:pressed {
+QPushButton[role^="destructive"]:pressed {
     background: @destructivePressed; border-color: @destructiveBorder;
 }
-QPushButton[role="icon"] { padding: 0; min-width: @28; max-width: @28; }
+QPushButton[role="icon"], QPushButton[role="destructiveIcon"] { padding: 0; min-width: @28; max-width: @28; }
 QPushButton:disabled, QPushButton[role="prominent"]:disabled,
-QPushButton[role="destructive"]:disabled {
+QPushButton[role^="destructive"]:disabled {
     background: transparent; border-color: @cardBorder; color: @disabledText;
 }
 QPushButton[role="flatIcon"] {

@@ -6,6 +6,7 @@
 #include "ui/controls/Caption.h"
 #include "ui/controls/FlowLayout.h"
 #include "ui/controls/FocusRing.h"
+#include "ui/controls/Sheet.h"
 #include "ui/controls/Switch.h"
 #include "ui/style/ApplicationStyle.h"
 
@@ -148,6 +149,18 @@ TEST_F(Focus, IsShownWhereTheKeyboardBroughtItButInFields) {
 struct Model : platform::ObservableObject {
     platform::Published<int> value{*this, 0};
 };
+
+TEST(Sheet, HasRoomForItsTextAndShowsItAsItIs) {
+    for (const QString& text : {u"a"_s, u"a word "_s.repeated(9), u"a word "_s.repeated(40)}) {
+        const std::unique_ptr<Sheet> sheet(confirmation(u"Reset?"_s, text, u"Reset & <b>"_s, {}));
+        sheet->show();
+        EXPECT_EQ(sheet->width(), 360);
+        EXPECT_EQ(sheet->height(), sheet->heightForWidth(360));
+        const auto buttons = sheet->findChildren<QPushButton*>();
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(buttons.at(1))->text(QAccessible::Name),
+                  u"Reset & <b>"_s);
+    }
+}
 
 TEST(Refresh, ComesOnceATurnWithTheNewValues) {
     platform::VirtualTime time;

@@ -1,11 +1,12 @@
-#include "ui/editor/ValueSlider.h"
+#include "ui/controls/ValueSlider.h"
 
 #include <QSignalBlocker>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
 
-namespace brimlow {
+namespace brimlow::controls {
 
 ValueSlider::ValueSlider(const Range& range, const QString& accessibleName, QWidget* parent)
     : QSlider(Qt::Horizontal, parent), range_(range) {
@@ -24,4 +25,8 @@ void ValueSlider::show(double value) {
     setValue(static_cast<int>(std::lround(std::clamp(position, 0.0, 1.0 * maximum()))));
 }
 
-} // namespace brimlow
+void ValueSlider::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+} // namespace brimlow::controls

@@ -2,7 +2,7 @@
 
 #include <QSlider>
 
-namespace brimlow {
+namespace brimlow::controls {
 
 /// A slider over decimal values: `first` + n · `step`, in thousandths, up to `last`. A value that
 /// it cannot reach is shown as the nearest that it can, and stays what it is until the user moves
@@ -27,8 +27,12 @@ Q_SIGNALS:
     /// The user has moved the slider.
     void chosen(double value);
 
+protected:
+    /// The page scrolls, whatever is under the mouse meanwhile.
+    void wheelEvent(QWheelEvent* event) override;
+
 private:
     const Range range_;
 };
 
-} // namespace brimlow
+} // namespace brimlow::controls
