@@ -66,6 +66,7 @@ bool PrivateDesktop::makeFolders() {
     environment_ = bareEnvironment();
     environment_.insert(u"HOME"_s, folder_.path());
     // Nobody is there unless a test puts a MockedLogind into the folder.
+    environment_.insert(u"BRIMLOW_AUTOSTART"_s, u"1"_s);
     environment_.insert(u"DBUS_SYSTEM_BUS_ADDRESS"_s, MockedLogind(folder_.path()).address());
     for (const auto& [variable, name] :
          {std::pair(u"XDG_CONFIG_HOME"_s, u"config"_s), std::pair(u"XDG_DATA_HOME"_s, u"data"_s),
@@ -93,14 +94,11 @@ bool PrivateDesktop::startServer() {
 }
 
 bool PrivateDesktop::startBus() {
-    bus_ = child(u"dbus-daemon"_s,
-                 {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address=1"_s});
-    if (const QString why = bus_->start(); !why.isEmpty())
-        return fail(why);
-    const QByteArray address = bus_->readFirstLine(startLimit);
-    if (address.isEmpty())
-        return fail(u"dbus-daemon names no address"_s + logTail());
-    environment_.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, QString::fromLatin1(address));
+    bus_ = std::make_unique<PrivateBus>(folder_.path());
+    // xfwm4 keeps its settings there.
+    if (const QString why = bus_->start(environment_, {u"org.xfce.Xfconf"_s}); !why.isEmpty())
+        return fail(why + logTail());
+    environment_.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, bus_->address());
     return true;
 }
 
@@ -128,6 +126,27 @@ bool PrivateDesktop::startWindowManager() {
         QThread::msleep(pollInterval);
     }
     return fail(u"the window manager does not answer"_s + logTail());
+}
+
+bool PrivateDesktop::startPortal() {
+    // Else a dialog shows what was chosen before, where a typed path is not taken.
+    const QString folder = environment_.value(u"XDG_CONFIG_HOME"_s) + u"/gtk-3.0"_s;
+    QFile settings(folder + u"/settings.ini"_s);
+    if (!QDir().mkpath(folder) || !settings.open(QIODevice::WriteOnly))
+        return fail(u"%1 cannot be written"_s.arg(settings.fileName()));
+    settings.write("[Settings]\ngtk-recent-files-enabled=false\n");
+    settings.close();
+    for (const auto& [program, name] :
+         {std::pair(u"xdg-desktop-portal-gtk"_s, u"org.freedesktop.impl.portal.desktop.gtk"_s),
+          std::pair(u"xdg-desktop-portal"_s, u"org.freedesktop.portal.Desktop"_s)}) {
+        applications_.push_back(child(u"/usr/libexec/"_s + program, {}));
+        applications_.back()->writeOutputTo(logFile());
+        if (const QString why = applications_.back()->start(); !why.isEmpty())
+            return fail(why);
+        if (!outputOf(u"gdbus"_s, {u"wait"_s, u"--session"_s, name}, environment_, startLimit))
+            return fail(u"%1 does not get onto the bus"_s.arg(program) + logTail());
+    }
+    return true;
 }
 
 QByteArray PrivateDesktop::displayName() const {

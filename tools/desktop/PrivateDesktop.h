@@ -2,6 +2,7 @@
 
 #include "tools/desktop/ChildProcess.h"
 #include "tools/desktop/DesktopState.h"
+#include "tools/desktop/PrivateBus.h"
 
 #include <QTemporaryDir>
 
@@ -28,7 +29,11 @@ public:
     bool start();
     const QString& error() const { return error_; }
 
-    /// For programs that are to live on this desktop.
+    /// Gives the desktop a portal, whose dialogs are GTK's; without this there is none. False when
+    /// it does not come up.
+    bool startPortal();
+
+    /// For programs that are to live on this desktop; Brimlow among them shows no window unasked.
     const QProcessEnvironment& environment() const { return environment_; }
     QByteArray displayName() const;
     QString home() const { return folder_.path(); }
@@ -67,7 +72,7 @@ private:
     QString error_;
     // Stopped from the last to the first.
     std::unique_ptr<ChildProcess> server_;
-    std::unique_ptr<ChildProcess> bus_;
+    std::unique_ptr<PrivateBus> bus_;
     std::unique_ptr<ChildProcess> manager_;
     std::vector<std::unique_ptr<ChildProcess>> applications_;
 };
