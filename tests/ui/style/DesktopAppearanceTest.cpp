@@ -2,7 +2,7 @@
 
 #include "tests/support/Printing.h"
 #include "tests/ui/style/FakePortal.h"
-#include "tools/desktop/ChildProcess.h"
+#include "tools/desktop/PrivateBus.h"
 #include "ui/style/ApplicationStyle.h"
 
 #include <QApplication>
@@ -10,6 +10,7 @@
 #include <QEventLoop>
 #include <QPalette>
 #include <QProcessEnvironment>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -27,9 +28,7 @@ class Desktop : public testing::Test {
 protected:
     void SetUp() override {
         FakePortal::registerTypes();
-        ASSERT_EQ(daemon.start(), QString());
-        address = QString::fromLatin1(daemon.readFirstLine(5000));
-        ASSERT_FALSE(address.isEmpty());
+        ASSERT_EQ(bus.start(QProcessEnvironment::systemEnvironment()), QString());
     }
     void TearDown() override {
         for (const QString& name : names)
@@ -38,7 +37,7 @@ protected:
 
     QDBusConnection connection(const QString& name) {
         names << name;
-        return QDBusConnection::connectToBus(address, name);
+        return QDBusConnection::connectToBus(bus.address(), name);
     }
 
     /// Whether that comes about within five seconds.
@@ -52,11 +51,8 @@ protected:
         return holds();
     }
 
-    desktop::ChildProcess daemon{
-        u"dbus-daemon"_s,
-        {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address=1"_s},
-        QProcessEnvironment::systemEnvironment()};
-    QString address;
+    QTemporaryDir folder;
+    desktop::PrivateBus bus{folder.path()};
     QStringList names;
 };
 

@@ -1,0 +1,238 @@
+#include "tests/support/Printing.h"
+#include "tests/ui/files/FakeFileChooser.h"
+#include "tools/desktop/PrivateBus.h"
+#include "ui/files/DesktopFileDialogs.h"
+#include "ui/files/PortalFilter.h"
+
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace brimlow {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// A window that asks for files.
+class FileDialogsTest : public testing::Test {
+protected:
+    FileDialogsTest() { window->show(); }
+
+    void ask(FileTask task, const QString& name = u"Brimlow-a.json"_s) {
+        const FileDialogs::Request request{window.get(), u"Title"_s, u"application/json"_s, name};
+        const auto keep = [this](const FileDialogs::Answer& answer) {
+            EXPECT_FALSE(QApplication::activeModalWidget()) << "the window still waits";
+            answers.push_back(answer);
+        };
+        if (task == FileTask::save)
+            dialogs->save(request, keep);
+        else
+            dialogs->open(request, keep);
+    }
+    static bool soon(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 5000); }
+    bool isAnswered() {
+        return soon([&] { return !answers.empty(); });
+    }
+    QFileDialog* qtDialog() const { return window->findChild<QFileDialog*>(); }
+    bool falls() {
+        return soon([&] { return qtDialog() && qtDialog()->isVisible(); });
+    }
+
+    std::unique_ptr<QWidget> window = std::make_unique<QWidget>();
+    std::unique_ptr<DesktopFileDialogs> dialogs = std::make_unique<DesktopFileDialogs>(
+        QDBusConnection::connectToBus(u"unix:path=/nowhere"_s, u"nowhere"_s));
+    std::vector<FileDialogs::Answer> answers;
+};
+
+TEST_F(FileDialogsTest, WithoutABusAreQts) {
+    const QTemporaryDir folder;
+    QFile existing(folder.filePath(u"b.json"_s));
+    ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
+
+    ask(FileTask::save, u"a \"b\" 100%.json"_s);
+    EXPECT_FALSE(qtDialog()) << "has waited";
+    ASSERT_TRUE(falls());
+    EXPECT_EQ(qtDialog()->windowModality(), Qt::WindowModal);
+    EXPECT_EQ(qtDialog()->selectedFiles().value(0).section(u'/', -1), u"a 'b' 100%.json");
+    qtDialog()->setDirectory(folder.path());
+    auto* name = qtDialog()->findChild<QLineEdit*>();
+    name->setText(u"c"_s);
+    QTest::keyClick(name, Qt::Key_Return);
+    ASSERT_TRUE(isAnswered());
+    EXPECT_EQ(answers[0].path, folder.filePath(u"c.json"_s));
+    EXPECT_TRUE(soon([&] { return !qtDialog(); })) << "stays";
+
+    ask(FileTask::open);
+    ASSERT_TRUE(falls());
+    qtDialog()->setDirectory(folder.path());
+    name = qtDialog()->findChild<QLineEdit*>();
+    name->setText(u"b.json"_s);
+    QTest::keyClick(name, Qt::Key_Return);
+    ASSERT_TRUE(soon([&] { return answers.size() == 2; }));
+    EXPECT_EQ(answers[1].path, existing.fileName());
+
+    ASSERT_TRUE(soon([&] { return !qtDialog(); }));
+    ask(FileTask::open);
+    ASSERT_TRUE(falls());
+    QTest::keyClick(qtDialog(), Qt::Key_Escape);
+    ASSERT_TRUE(soon([&] { return answers.size() == 3; }));
+    EXPECT_EQ(answers[2].path + answers[2].error, QString());
+}
+
+TEST_F(FileDialogsTest, OfQtGoWithTheirParentAndTheirMaker) {
+    ask(FileTask::save);
+    ASSERT_TRUE(falls());
+    dialogs.reset();
+    EXPECT_FALSE(qtDialog());
+    dialogs = std::make_unique<DesktopFileDialogs>(QDBusConnection(u"no such bus"_s));
+    ask(FileTask::save);
+    ASSERT_TRUE(falls());
+    window.reset();
+    QTest::qWait(50);
+    EXPECT_TRUE(answers.empty());
+}
+
+/// The same on a desktop with a portal.
+class PortalFileDialogs : public FileDialogsTest {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(bus.start(QProcessEnvironment::systemEnvironment()), QString());
+        portal = std::make_unique<FakeFileChooser>(connection(u"portal"_s));
+        dialogs = std::make_unique<DesktopFileDialogs>(connection(u"application"_s));
+    }
+    void TearDown() override {
+        dialogs.reset();
+        portal.reset();
+        for (const QString& name : names)
+            QDBusConnection::disconnectFromBus(name);
+    }
+
+    QDBusConnection connection(const QString& name) {
+        names << name;
+        return QDBusConnection::connectToBus(bus.address(), name);
+    }
+    /// Until the portal's dialog is there.
+    bool opens(FileTask task, const QString& name = u"Brimlow-a.json"_s) {
+        portal->method.clear();
+        answers.clear();
+        ask(task, name);
+        const bool came = soon([&] { return !portal->method.isEmpty(); });
+        QTest::qWait(50); // for its reply
+        return came;
+    }
+
+    QTemporaryDir folder;
+    desktop::PrivateBus bus{folder.path()};
+    QStringList names;
+    std::unique_ptr<FakeFileChooser> portal;
+};
+
+TEST_F(PortalFileDialogs, AreAskedForWhatTheRequestSays) {
+    ASSERT_TRUE(opens(FileTask::save, QString(300, u'a') + u".json"_s));
+    EXPECT_EQ(portal->method, u"SaveFile");
+    EXPECT_EQ(portal->parentName, QString()) << "is not on X11";
+    EXPECT_EQ(portal->options.value(u"current_name"_s).toString(), QString(250, u'a') + u".json"_s);
+    EXPECT_EQ(portal->options.value(u"modal"_s), true);
+    registerPortalFilter();
+    const auto filters = qdbus_cast<QList<PortalFilter>>(portal->options.value(u"filters"_s));
+    ASSERT_EQ(filters.size(), 1);
+    EXPECT_FALSE(filters[0].name.isEmpty());
+    ASSERT_EQ(filters[0].rules.size(), 2);
+    EXPECT_EQ(filters[0].rules[0].pattern, u"application/json");
+    EXPECT_EQ(filters[0].rules[1].pattern, u"*.json");
+    EXPECT_EQ(filters[0].rules[1].kind, PortalFilter::Kind::glob);
+    EXPECT_TRUE(QApplication::activeModalWidget()) << "the window does not wait";
+
+    portal->respond(0, {u"file:///a%20%25%22b.json"_s});
+    portal->respond(1);
+    ASSERT_TRUE(isAnswered());
+    QTest::qWait(50);
+    ASSERT_EQ(answers.size(), 1U);
+    EXPECT_EQ(answers[0].path, u"/a %\"b.json");
+    EXPECT_EQ(answers[0].error, QString());
+    EXPECT_FALSE(qtDialog());
+    EXPECT_EQ(portal->closed, QString());
+}
+
+TEST_F(PortalFileDialogs, AnswerWithWhatCame) {
+    struct Row {
+        uint code;
+        QStringList uris;
+        QString path;
+        bool fails;
+    };
+    for (const Row& row :
+         {Row{0, {u"file:///a"_s, u"file:///b"_s}, u"/a"_s, false}, Row{1, {}, {}, false},
+          Row{1, {u"file:///a"_s}, {}, false}, Row{2, {}, {}, false}, Row{7, {}, {}, false},
+          Row{0, {}, {}, true}, Row{0, {u"sftp://host/a"_s}, {}, true}}) {
+        ASSERT_TRUE(opens(FileTask::open));
+        EXPECT_EQ(portal->method, u"OpenFile");
+        portal->respond(row.code, row.uris);
+        ASSERT_TRUE(isAnswered());
+        EXPECT_EQ(answers[0].path, row.path);
+        EXPECT_EQ(answers[0].error.isEmpty(), !row.fails) << row.code;
+    }
+}
+
+TEST_F(PortalFileDialogs, MayBeWhereAnOldPortalPutsThem) {
+    portal->namesRequestsItself = true;
+    ASSERT_TRUE(opens(FileTask::open));
+    portal->respond(0, {u"file:///a"_s});
+    ASSERT_TRUE(isAnswered());
+    EXPECT_EQ(answers[0].path, u"/a");
+}
+
+TEST_F(PortalFileDialogs, FailWhereThePortalOrTheBusGoes) {
+    ASSERT_TRUE(opens(FileTask::open));
+    portal->vanish();
+    ASSERT_TRUE(isAnswered());
+    EXPECT_FALSE(answers[0].error.isEmpty());
+
+    portal = std::make_unique<FakeFileChooser>(connection(u"another"_s));
+    ASSERT_TRUE(opens(FileTask::open));
+    bus.stop();
+    ASSERT_TRUE(isAnswered());
+    EXPECT_FALSE(answers[0].error.isEmpty());
+}
+
+TEST_F(PortalFileDialogs, AreClosedWithTheirParentAndTheirMaker) {
+    ASSERT_TRUE(opens(FileTask::open));
+    dialogs.reset();
+    EXPECT_TRUE(soon([&] { return portal->closed == portal->request(); }));
+    dialogs = std::make_unique<DesktopFileDialogs>(QDBusConnection(u"application"_s));
+    for (const bool silent : {false, true}) { // the latter before it has replied
+        portal->silent = silent;
+        ASSERT_TRUE(opens(FileTask::open));
+        window = std::make_unique<QWidget>();
+        EXPECT_TRUE(soon([&] { return portal->closed == portal->request(); })) << silent;
+        portal->respond(0, {u"file:///a"_s});
+        QTest::qWait(50);
+        EXPECT_TRUE(answers.empty());
+    }
+}
+
+TEST_F(PortalFileDialogs, AreQtsWhereThePortalShowsNone) {
+    portal->error = u"org.freedesktop.DBus.Error.UnknownMethod"_s;
+    ask(FileTask::open);
+    EXPECT_TRUE(falls());
+    delete qtDialog();
+
+    portal->error.clear();
+    portal->silent = true;
+    ASSERT_TRUE(opens(FileTask::open));
+    portal.reset();
+    QDBusConnection::disconnectFromBus(u"portal"_s);
+    EXPECT_TRUE(falls()) << "it died before it replied";
+    delete qtDialog();
+
+    ask(FileTask::open);
+    EXPECT_TRUE(falls());
+    EXPECT_TRUE(answers.empty());
+}
+
+} // namespace
+} // namespace brimlow
