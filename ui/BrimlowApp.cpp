@@ -3,12 +3,21 @@
 #include "platform/InputDevices.h"
 #include "platform/Platform.h"
 #include "platform/SystemSettings.h"
+#include "ui/MainWindowView.h"
+#include "ui/style/ApplicationStyle.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 
 namespace brimlow {
 
+using namespace Qt::StringLiterals;
+
 namespace {
+
+constexpr QSize smallest{600, 400};
+constexpr QSize usual{760, 560};
 
 /// Whether there are trackpads and none can be read: then no tap ever brings the question up.
 bool noTapCanAsk() {
@@ -19,7 +28,9 @@ bool noTapCanAsk() {
 
 } // namespace
 
-BrimlowApp::BrimlowApp() = default;
+BrimlowApp::BrimlowApp(FileDialogs& fileDialogs) : fileDialogs_(fileDialogs) {}
+
+BrimlowApp::~BrimlowApp() = default;
 
 void BrimlowApp::start() {
     appliedTapEnabled_ = settings_.tapEnabled();
@@ -27,6 +38,29 @@ void BrimlowApp::start() {
     settingsChanges_ = settings_.observeWillChange([this] { settingsWillChange(); });
     if (noTapCanAsk())
         platform::Platform::current().systemSettings.prompt(platform::SettingsPane::accessibility);
+}
+
+void BrimlowApp::openMainWindow() {
+    if (!mainWindow_)
+        makeMainWindow();
+    mainWindow_->show();
+    mainWindow_->raise();
+    mainWindow_->activateWindow();
+}
+
+void BrimlowApp::makeMainWindow() {
+    mainWindow_ = std::make_unique<MainWindowView>(
+        MainWindowView::Environment{.settings = settings_,
+                                    .permissions = permissionsManager_,
+                                    .coordinator = coordinator_,
+                                    .fileDialogs = fileDialogs_,
+                                    .terminate = [] { QCoreApplication::quit(); }});
+    mainWindow_->setObjectName(u"main-window"_s);
+    mainWindow_->setWindowTitle(u"Brimlow"_s);
+    const auto& type = style::currentType();
+    // Its sidebar and buttons grow with the desktop's text; its pages scroll.
+    mainWindow_->setMinimumSize(type.scaled(smallest.width()), smallest.height());
+    mainWindow_->resize(type.scaled(usual.width()), type.scaled(usual.height()));
 }
 
 void BrimlowApp::settingsWillChange() {

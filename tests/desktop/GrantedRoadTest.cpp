@@ -1,9 +1,5 @@
 #include "tests/desktop/WholeRoad.h"
 
-#include <QFile>
-
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 
 namespace brimlow::desktop {
@@ -11,19 +7,12 @@ namespace {
 
 constexpr platform::PadPoint right{0.95, 0.5};
 
-/// The program may do what its user may, also where the test is run by root.
+/// Two trackpads that the program may not always read.
 class GrantedRoad : public WholeRoad {
 protected:
     void SetUp() override {
         WholeRoad::SetUp();
-        if (geteuid() != 0)
-            return;
-        launcher = desktop.home() + u"/launch"_s;
-        QFile script(launcher);
-        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\nexec setpriv --bounding-set=-all --inh-caps=-all \""
-                     + BrimlowProgram::builtProgram().toUtf8() + "\"\n");
-        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        dropRootsPowers();
     }
 
     /// 0 as long as there is none.

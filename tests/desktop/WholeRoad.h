@@ -6,6 +6,10 @@
 #include "tools/mocked/MockedPad.h"
 #include "tools/recording/PadScript.h"
 
+#include <QFile>
+
+#include <unistd.h>
+
 namespace brimlow::desktop {
 
 /// From the fingers on a kernel device to what the window manager says: the real program on a real
@@ -14,12 +18,26 @@ class WholeRoad : public X11Desktop {
 protected:
     void start(const std::vector<TapPositionMapping>& bindings) {
         writePreferences(desktop.environment(), bindings);
-        auto environment = desktop.environment();
+        auto environment = programEnvironment();
         for (const auto& [name, value] : input.environment())
             environment.insert(QString::fromStdString(name), QString::fromStdString(value));
         program.emplace(environment, launcher);
         ASSERT_EQ(program->start(), QString());
         ASSERT_TRUE(says(QStringLiteral("click detection active")));
+    }
+
+    virtual QProcessEnvironment programEnvironment() const { return desktop.environment(); }
+
+    /// The program may do what its user may, also where the test is run by root.
+    void dropRootsPowers() {
+        if (::geteuid() != 0)
+            return;
+        launcher = desktop.home() + QStringLiteral("/launch");
+        QFile script(launcher);
+        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+        script.write("#!/bin/sh\nexec setpriv --bounding-set=-all --inh-caps=-all \""
+                     + BrimlowProgram::builtProgram().toUtf8() + "\"\n");
+        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
     bool says(const QString& line) { return !program->waitForLine(line, 10000).isEmpty(); }

@@ -1,4 +1,4 @@
-#include "ui/ProfileImport.h"
+#include "ui/tap/ProfileImport.h"
 
 #include "profiles/ProfileImportError.h"
 #include "profiles/ProfileJSONDocument.h"
