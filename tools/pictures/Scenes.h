@@ -52,5 +52,24 @@ std::unique_ptr<QWidget> makeEditorWhole();
 std::unique_ptr<QWidget> makeEditorLegacy();
 std::unique_ptr<QWidget> makeEditorCountdown();
 std::unique_ptr<QWidget> makeEditorRecording();
+std::unique_ptr<QWidget> makePermissions();
+std::unique_ptr<QWidget> makePermissionsSmall();
+std::unique_ptr<QWidget> makePermissionsReset();
+std::unique_ptr<QWidget> makePermissionsResetFailed();
+std::unique_ptr<QWidget> makeGeneral();
+std::unique_ptr<QWidget> makeGeneralPalm();
+std::unique_ptr<QWidget> makeGeneralSmall();
+std::unique_ptr<QWidget> makeGeneralOff();
+std::unique_ptr<QWidget> makeTap();
+std::unique_ptr<QWidget> makeTapWhole();
+std::unique_ptr<QWidget> makeTapSmall();
+std::unique_ptr<QWidget> makeTapLarge();
+std::unique_ptr<QWidget> makeTapEmpty();
+std::unique_ptr<QWidget> makeTapUnrecorded();
+std::unique_ptr<QWidget> makeNewProfile();
+std::unique_ptr<QWidget> makeRenameProfile();
+std::unique_ptr<QWidget> makeDeleteProfile();
+std::unique_ptr<QWidget> makeClearAll();
+std::unique_ptr<QWidget> makeImportFailed();
 
 } // namespace brimlow::pictures
