@@ -139,10 +139,9 @@ bool PermissionsManager::hasStuckPermissionState() const {
 }
 
 bool PermissionsManager::resetAllTCCForSelf() {
-    const QString identifier = Platform::current().mainBundle.bundleIdentifier();
     const auto ending = NSTask::run(
         u"/usr/bin/tccutil"_s,
-        {u"reset"_s, u"All"_s, identifier.isEmpty() ? builtInBundleIdentifier : identifier});
+        {u"reset"_s, u"All"_s, Platform::current().mainBundle.identifierOfPermissions()});
     if (!ending.terminationStatus)
         printLine(u"PermissionsManager: tccutil failed: "_s + ending.error);
     if (ending.terminationStatus != 0)

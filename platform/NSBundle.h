@@ -36,6 +36,11 @@ public:
     }
     /// Empty when packaging names none.
     QString bundleIdentifier() const;
+    /// What the system files this program's permissions under: the built-in one in place of none.
+    QString identifierOfPermissions() const {
+        const QString identifier = bundleIdentifier();
+        return identifier.isEmpty() ? builtInBundleIdentifier : identifier;
+    }
     /// Where a program of that name would be that comes with this one, whether it is there or not.
     QString pathForAuxiliaryExecutable(const QString& name) const {
         return auxiliaryFolder_ + u'/' + name;

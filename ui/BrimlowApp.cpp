@@ -16,7 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize smallest{600, 400};
 constexpr QSize usual{760, 560};
 
 /// Whether there are trackpads and none can be read: then no tap ever brings the question up.
@@ -58,8 +57,6 @@ void BrimlowApp::makeMainWindow() {
     mainWindow_->setObjectName(u"main-window"_s);
     mainWindow_->setWindowTitle(u"Brimlow"_s);
     const auto& type = style::currentType();
-    // Its sidebar and buttons grow with the desktop's text; its pages scroll.
-    mainWindow_->setMinimumSize(type.scaled(smallest.width()), smallest.height());
     mainWindow_->resize(type.scaled(usual.width()), type.scaled(usual.height()));
 }
 

@@ -7,6 +7,7 @@
 #include "ui/style/Role.h"
 #include "ui/tap/TapSettingsView.h"
 
+#include <QEvent>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -22,6 +23,7 @@ using Section = MainWindowView::NavigationSection;
 namespace {
 
 constexpr int sidebarWidth = 180;
+constexpr QSize smallest{600, 400};
 
 struct Entry {
     Section section;
@@ -38,19 +40,33 @@ std::vector<Entry> entries() {
 } // namespace
 
 MainWindowView::MainWindowView(Environment environment, QWidget* parent)
-    : QWidget(parent), environment_(std::move(environment)), columns_(new QHBoxLayout(this)) {
+    : QWidget(parent), environment_(std::move(environment)), columns_(new QHBoxLayout(this)),
+      sidebar_(makeSidebar()) {
     columns_->setContentsMargins({});
     columns_->setSpacing(0);
-    columns_->addWidget(makeSidebar());
+    columns_->addWidget(sidebar_);
     page_ = makePage(selectedSection_);
     columns_->addWidget(page_, 1);
+    makeRoomForText();
+}
+
+void MainWindowView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::StyleChange)
+        makeRoomForText();
+    QWidget::changeEvent(event);
+}
+
+/// Sidebar and buttons grow with the desktop's text; the pages scroll, so the height need not.
+void MainWindowView::makeRoomForText() {
+    const auto& type = style::currentType();
+    sidebar_->setFixedWidth(type.scaled(sidebarWidth));
+    setMinimumSize(type.scaled(smallest.width()), smallest.height());
 }
 
 QWidget* MainWindowView::makeSidebar() {
     auto* sidebar = new QFrame;
     sidebar->setAccessibleName(u"Sections"_s);
     style::setRole(sidebar, style::Role::sidebar);
-    sidebar->setFixedWidth(style::currentType().scaled(sidebarWidth));
     auto* rows = new QVBoxLayout(sidebar);
     rows->setContentsMargins(8, 12, 8, 12);
     rows->setSpacing(2);

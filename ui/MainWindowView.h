@@ -32,13 +32,18 @@ public:
 
     explicit MainWindowView(Environment environment, QWidget* parent = nullptr);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void makeRoomForText();
     void select(NavigationSection section);
     QWidget* makeSidebar();
     QWidget* makePage(NavigationSection section);
 
     Environment environment_;
     QHBoxLayout* columns_;
+    QWidget* sidebar_;
     QWidget* page_ = nullptr;
     NavigationSection selectedSection_ = NavigationSection::general;
 };

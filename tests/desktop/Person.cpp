@@ -35,6 +35,31 @@ bool Person::seesNo(const QString& name) const {
     return desktop_.waitFor([&](const DesktopState&) { return !reader_.find(name).has_value(); });
 }
 
+std::optional<Accessible> Person::focused() const {
+    for (const Accessible& thing : reader_.everything())
+        if (thing.focused)
+            return thing;
+    return std::nullopt;
+}
+
+bool Person::hasFocusOn(const QString& name) const {
+    return desktop_.waitFor([&](const DesktopState&) {
+        const auto thing = focused();
+        return thing && thing->name == name;
+    });
+}
+
+QString Person::nextFocus() {
+    const bool moved = desktop_.waitFor([&](const DesktopState&) {
+        const auto thing = focused();
+        if (!thing || (thing->name == lastFocus_.name && thing->place == lastFocus_.place))
+            return false;
+        lastFocus_ = *thing;
+        return true;
+    });
+    return moved ? lastFocus_.name : QString();
+}
+
 bool Person::isIn(const QString& window) const {
     return desktop_.waitFor([&](const DesktopState&) {
         return outputOf(u"xdotool"_s, {u"getactivewindow"_s, u"getwindowname"_s}, environment_)

@@ -21,6 +21,9 @@ public:
     bool seesNo(const QString& name) const;
     /// Scrolls to it where it is in a page that scrolls.
     bool click(const QString& name, const QString& role = {}) const;
+    bool hasFocusOn(const QString& name) const;
+    /// What the focus has moved to since this was last asked; empty where it has not.
+    QString nextFocus();
     /// The title of the window in front.
     bool isIn(const QString& window) const;
 
@@ -29,12 +32,14 @@ public:
     void lookAt(const QString& picture) const;
 
 private:
+    std::optional<Accessible> focused() const;
     bool xdotool(const QStringList& arguments) const;
     bool moveTo(const QPoint& point) const;
 
     PrivateDesktop& desktop_;
     ScreenReader reader_;
     QProcessEnvironment environment_;
+    Accessible lastFocus_;
 };
 
 } // namespace brimlow::desktop

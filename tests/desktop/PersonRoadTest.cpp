@@ -128,6 +128,33 @@ TEST_P(PersonRoad, ProfilesAndTheirBindings) {
     EXPECT_TRUE(file->data.contains("\"Mail\"")) << file->data.constData();
 }
 
+TEST_P(PersonRoad, EverythingHasANameAndIsReachedByKeyboard) {
+    start({bindingAt(u"spot"_s, spot.x, spot.y, TapAction::none)});
+    ASSERT_TRUE(person.isIn(u"Brimlow"_s));
+    ASSERT_TRUE(clicks({u"General"_s}));
+    for (const auto& section : {u"General"_s, u"Tap"_s, u"Permissions"_s}) {
+        SCOPED_TRACE(section.toStdString());
+        if (section != u"General"_s) {
+            ASSERT_TRUE(person.press(u"Down"_s));
+        }
+        ASSERT_TRUE(person.hasFocusOn(section));
+        QStringList unreached;
+        for (const Accessible& thing : person.reader().everything()) {
+            EXPECT_TRUE(!thing.focusable || !thing.name.isEmpty()) << thing.role.toStdString();
+            if (thing.focusable && thing.enabled && thing.role != u"radio button"_s)
+                unreached << thing.name;
+        }
+        EXPECT_FALSE(unreached.isEmpty());
+        for (auto turns = unreached.size() + 1; turns > 0; --turns) {
+            ASSERT_TRUE(person.press(u"Tab"_s));
+            unreached.removeOne(person.nextFocus());
+        }
+        EXPECT_EQ(unreached, QStringList());
+        ASSERT_TRUE(person.hasFocusOn(section)) << "after the last comes the first";
+    }
+    EXPECT_TRUE(program->stop());
+}
+
 TEST_P(PersonRoad, PalmsAreFoundByTapping) {
     start({bindingAt(u"spot"_s, spot.x, spot.y, TapAction::none)});
     ASSERT_TRUE(person.isIn(u"Brimlow"_s));

@@ -5,6 +5,7 @@
 #include "tools/pictures/Scenes.h"
 #include "ui/MainWindowView.h"
 #include "ui/files/FileDialogs.h"
+#include "ui/style/ApplicationStyle.h"
 
 #include <QDialog>
 
@@ -30,7 +31,7 @@ public:
     using Act = std::function<void(WindowScene&)>;
 
     WindowScene(QSize size, const Act& act) {
-        setFixedSize(size);
+        setFixedSize(style::currentType().scaled(size.width()), size.height());
         view.emplace(MainWindowView::Environment{.settings = settings,
                                                  .permissions = permissions,
                                                  .coordinator = coordinator,

@@ -22,9 +22,9 @@ QSize wantedSize(const QWidget& widget) {
 }
 
 bool takePictures(const pictures::Scene& scene, style::ApplicationStyle& applicationStyle,
-                  const QDir& folder, const QString& ratio) {
+                  const QDir& folder, double textScale, const QString& ratio) {
     // One widget for both: what does not follow the desktop's scheme shows.
-    applicationStyle.apply({});
+    applicationStyle.apply({.textScale = textScale});
     const auto widget = scene.make();
     widget->show();
     widget->activateWindow();
@@ -34,7 +34,7 @@ bool takePictures(const pictures::Scene& scene, style::ApplicationStyle& applica
     const std::vector<std::pair<QString, style::ColourScheme>> schemes{
         {u"light"_s, style::ColourScheme::light}, {u"dark"_s, style::ColourScheme::dark}};
     for (const auto& [scheme, colours] : schemes) {
-        applicationStyle.apply({.scheme = colours});
+        applicationStyle.apply({.scheme = colours, .textScale = textScale});
         QCoreApplication::processEvents();
         widget->resize(wantedSize(*widget));
         QCoreApplication::processEvents();
@@ -69,6 +69,9 @@ int main(int argc, char* argv[]) {
     parser.addHelpOption();
     parser.addPositionalArgument(u"folder"_s, u"Where the pictures go."_s);
     parser.addPositionalArgument(u"name"_s, u"Scenes; all where none is named."_s, u"[name...]"_s);
+    const QCommandLineOption textScale(u"text-scale"_s, u"How large the desktop wants its text."_s,
+                                       u"factor"_s, u"1"_s);
+    parser.addOption(textScale);
     parser.process(application);
     QStringList names = parser.positionalArguments();
     if (names.isEmpty())
@@ -82,6 +85,7 @@ int main(int argc, char* argv[]) {
     const auto wanted = chosen(names);
     bool complete = !wanted.empty();
     for (const auto& scene : wanted)
-        complete &= takePictures(scene, *applicationStyle, folder, ratio);
+        complete &= takePictures(scene, *applicationStyle, folder,
+                                 parser.value(textScale).toDouble(), ratio);
     return complete ? 0 : 1;
 }

@@ -22,7 +22,8 @@ void promptForAccessibility() {
 }
 
 void resetAndPromptForAutomation() {
-    NSTask::run(u"/usr/bin/tccutil"_s, {u"reset"_s, u"AppleEvents"_s, permissionIdentifier()});
+    NSTask::run(u"/usr/bin/tccutil"_s, {u"reset"_s, u"AppleEvents"_s,
+                                        Platform::current().mainBundle.identifierOfPermissions()});
     const auto script = NSAppleScript::initWithSource(consentSource);
     if (!script)
         return;
@@ -38,11 +39,6 @@ void promptForScreenRecording(std::function<void(bool granted)> answered) {
     Platform::current().mainQueue.after(answerDelay, [answered = std::move(answered)] {
         answered(CGPreflightScreenCaptureAccess());
     });
-}
-
-QString permissionIdentifier() {
-    const QString identifier = Platform::current().mainBundle.bundleIdentifier();
-    return identifier.isEmpty() ? builtInBundleIdentifier : identifier;
 }
 
 } // namespace brimlow

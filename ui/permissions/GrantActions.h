@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 #include <functional>
 
 namespace brimlow {
@@ -17,8 +15,5 @@ void resetAndPromptForAutomation();
 /// The answer is still on its way when this returns: `answered` is called from the main queue half
 /// a second later, with what the system says then.
 void promptForScreenRecording(std::function<void(bool granted)> answered);
-
-/// What the system files this program's permissions under.
-QString permissionIdentifier();
 
 } // namespace brimlow

@@ -1,6 +1,7 @@
 #include "ui/permissions/PermissionsStatusView.h"
 
 #include "platform/Accessibility.h"
+#include "platform/NSBundle.h"
 #include "platform/NSWorkspace.h"
 #include "platform/Platform.h"
 #include "ui/controls/Badge.h"
@@ -256,7 +257,7 @@ void PermissionsStatusView::tellResetFailed() {
         return;
     auto* dialog = controls::alert(u"Couldn't reset permissions"_s,
                                    u"Try running this manually in Terminal: tccutil reset All "_s
-                                       + permissionIdentifier(),
+                                       + Platform::current().mainBundle.identifierOfPermissions(),
                                    this);
     connect(dialog, &QDialog::finished, this, [this] { resetFailedAlert_ = false; });
     dialog->open();
