@@ -19,6 +19,7 @@ constexpr auto configuration =
   <listen>%1</listen>
   <auth>EXTERNAL</auth>
   <servicedir>%2</servicedir>
+  <servicedir>%3</servicedir>
   <policy context="default">
     <allow send_destination="*" eavesdrop="true"/>
     <allow eavesdrop="true"/>
@@ -30,7 +31,7 @@ constexpr auto configuration =
 } // namespace
 
 QString PrivateBus::start(const QProcessEnvironment& environment, const QStringList& services) {
-    if (const QString why = configure(services); !why.isEmpty())
+    if (const QString why = configure(environment, services); !why.isEmpty())
         return why;
     daemon_ = std::make_unique<ChildProcess>(
         u"dbus-daemon"_s,
@@ -44,14 +45,16 @@ QString PrivateBus::start(const QProcessEnvironment& environment, const QStringL
                                                         : QString();
 }
 
-QString PrivateBus::configure(const QStringList& services) const {
+QString PrivateBus::configure(const QProcessEnvironment& environment,
+                              const QStringList& services) const {
     const QString serviceFolder = folder_ + u"/services"_s;
     QDir().mkpath(serviceFolder);
     for (const QString& service : services)
         QFile::copy(u"/usr/share/dbus-1/services/%1.service"_s.arg(service),
                     u"%1/%2.service"_s.arg(serviceFolder, service));
     QFile file(folder_ + u"/bus.conf"_s);
-    const QByteArray text = QString(configuration).arg(address(), serviceFolder).toUtf8();
+    const QString own = environment.value(u"XDG_DATA_HOME"_s) + u"/dbus-1/services"_s;
+    const QByteArray text = QString(configuration).arg(address(), serviceFolder, own).toUtf8();
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
         return u"%1 cannot be written"_s.arg(file.fileName());
     return {};

@@ -6,7 +6,8 @@
 
 namespace brimlow::desktop {
 
-/// A session bus of its own that starts no service by itself but those it is told of, so that what
+/// A session bus of its own that starts no service by itself but those it is told of and
+/// those of the environment's own data folder, so that what
 /// else this machine has installed, such as a portal, changes nothing.
 class PrivateBus {
 public:
@@ -20,7 +21,7 @@ public:
     void stop() { daemon_.reset(); }
 
 private:
-    QString configure(const QStringList& services) const;
+    QString configure(const QProcessEnvironment& environment, const QStringList& services) const;
 
     QString folder_;
     std::unique_ptr<ChildProcess> daemon_;
