@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace brimlow::maps {
 
@@ -52,10 +53,13 @@ std::optional<BindingsCanvas::Spot> BindingsCanvas::spotOf(const TapPositionMapp
 }
 
 void BindingsCanvas::setBindings(const std::vector<TapPositionMapping>& bindings) {
-    spots_.clear();
+    std::vector<Spot> spots;
     for (std::size_t i = 0; i < bindings.size(); ++i)
         if (auto spot = spotOf(bindings[i], i))
-            spots_.push_back(*std::move(spot));
+            spots.push_back(*std::move(spot));
+    if (std::ranges::equal(spots, spots_, &Spot::showsTheSameAs))
+        return;
+    spots_ = std::move(spots);
     contentChanged();
 }
 
@@ -69,7 +73,7 @@ int BindingsCanvas::heightForWidth(int width) const {
 std::vector<Footprint> BindingsCanvas::footprints() const {
     std::vector<Footprint> all;
     for (const Spot& each : spots_)
-        all.push_back({each.centre, each.radius, markOf(each.labelSize)});
+        all.push_back({each.centre, each.radius, markOf(each.label.size)});
     return all;
 }
 
@@ -78,20 +82,26 @@ void BindingsCanvas::measure() {
     const auto& type = style::currentType();
     const QFontMetricsF metrics(type.font(style::TextStyle::mapLabel));
     constexpr double padding = 5;
+    QHash<QString, Label> labels;
     for (Spot& each : spots_) {
-        each.label = metrics.elidedText(each.name.simplified(), Qt::ElideRight,
-                                        type.scaled(widestLabel) - 2 * padding);
-        each.labelSize = {std::ceil(metrics.horizontalAdvance(each.label) + 2 * padding),
-                          std::ceil(metrics.height() + 4)};
-        if (each.label.isEmpty())
-            each.labelSize = {0, 0};
+        each.label = labels_.value(each.name);
+        if (each.label.text.isNull()) {
+            each.label.text = metrics.elidedText(each.name.simplified(), Qt::ElideRight,
+                                                 type.scaled(widestLabel) - 2 * padding);
+            each.label.size = {std::ceil(metrics.horizontalAdvance(each.label.text) + 2 * padding),
+                               std::ceil(metrics.height() + 4)};
+            if (each.label.text.isEmpty())
+                each.label.size = {0, 0};
+        }
+        labels[each.name] = each.label;
     }
+    labels_ = std::move(labels);
 }
 
 void BindingsCanvas::arrange() {
     std::vector<Labelled> wanted;
     for (const Spot& each : spots_)
-        wanted.push_back({pointOn(surface(), each.centre), each.labelSize});
+        wanted.push_back({pointOn(surface(), each.centre), each.label.size});
     const auto placed = placeLabels(wanted, rect());
     for (std::size_t i = 0; i < spots_.size(); ++i)
         spots_[i].labelRect = placed[i];
@@ -103,10 +113,28 @@ void BindingsCanvas::paintStill(QPainter& painter) const {
                   BindingColor::at(each.position), areaOpacity);
     for (const Spot& each : spots_)
         if (!each.labelRect.isEmpty())
-            paintLabel(painter, each.labelRect, each.label, BindingColor::at(each.position));
-    for (const Spot& each : spots_)
-        paintMarker(painter, pointOn(surface(), each.centre), BindingColor::at(each.position),
-                    ringWidth);
+            paintLabel(painter, each.labelRect, each.label.text, BindingColor::at(each.position));
+    paintMarkers(painter);
+}
+
+/// Each colour's is painted once.
+void BindingsCanvas::paintMarkers(QPainter& painter) const {
+    constexpr int reach = static_cast<int>(markerReach) + 2;
+    const double ratio = painter.device()->devicePixelRatioF();
+    std::map<QRgb, QPixmap> markers;
+    for (const Spot& each : spots_) {
+        const QColor colour = BindingColor::at(each.position);
+        QPixmap& marker = markers[colour.rgb()];
+        if (marker.isNull()) {
+            marker = QPixmap((QSizeF(2 * reach, 2 * reach) * ratio).toSize());
+            marker.setDevicePixelRatio(ratio);
+            marker.fill(Qt::transparent);
+            QPainter inside(&marker);
+            inside.setRenderHint(QPainter::Antialiasing);
+            paintMarker(inside, {reach, reach}, colour, ringWidth);
+        }
+        painter.drawPixmap(pointOn(surface(), each.centre) - QPointF(reach, reach), marker);
+    }
 }
 
 const BindingsCanvas::Spot* BindingsCanvas::spotAt(const QPointF& point) const {
@@ -127,6 +155,8 @@ const BindingsCanvas::Spot* BindingsCanvas::spotAt(const QPointF& point) const {
 }
 
 bool BindingsCanvas::event(QEvent* event) {
+    if (event->type() == QEvent::StyleChange)
+        labels_.clear(); // the text has another size
     if (event->type() != QEvent::ToolTip)
         return MapCanvas::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);

@@ -4,11 +4,12 @@
 #include "ui/style/ApplicationStyle.h"
 #include "ui/tap/TapSettingsView.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 #include <gtest/gtest.h>
 #include <malloc.h>
+
+#include <ctime>
 
 namespace brimlow::test {
 namespace {
@@ -20,8 +21,9 @@ struct NoDialogs final : FileDialogs {
     void open(const Request&, Done) override {}
 };
 
-double millisecondsSince(const QElapsedTimer& timer) {
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+/// Of the processor: how long it takes when others do not keep it.
+double millisecondsSince(std::clock_t start) {
+    return static_cast<double>(std::clock() - start) * 1000 / CLOCKS_PER_SEC;
 }
 
 /// 200 bindings in a dressed window that is painted.
@@ -74,20 +76,18 @@ TEST_F(TapPageSpeed, OpensAndFollowsTheStoreAtOnce) {
     double opening = 1e9;
     for (int turn = 0; turn < 5; ++turn) {
         page.reset();
-        QElapsedTimer timer;
-        timer.start();
+        const auto start = std::clock();
         open();
-        opening = std::min(opening, millisecondsSince(timer));
+        opening = std::min(opening, millisecondsSince(start));
     }
     double repaint = 1e9;
     for (int turn = 0; turn < 20; ++turn) {
         auto profiles = store.profiles.get();
         profiles.front().bindings[1].name = u"Changed %1"_s.arg(turn);
         store.profiles = profiles; // which also writes it: the view's part begins now
-        QElapsedTimer timer;
-        timer.start();
+        const auto start = std::clock();
         show();
-        repaint = std::min(repaint, millisecondsSince(timer));
+        repaint = std::min(repaint, millisecondsSince(start));
     }
     std::printf("opening 200 bindings: %.1f ms, a change of one of them: %.2f ms\n", opening,
                 repaint);
