@@ -42,10 +42,10 @@ private:
     QWidget* makePage(NavigationSection section);
 
     Environment environment_;
-    QHBoxLayout* columns_;
-    QWidget* sidebar_;
-    QWidget* page_ = nullptr;
     NavigationSection selectedSection_ = NavigationSection::general;
+    QHBoxLayout* columns_;
+    QWidget* sidebar_; // made for the selected section
+    QWidget* page_ = nullptr;
 };
 
 } // namespace brimlow
