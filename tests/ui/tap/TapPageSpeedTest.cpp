@@ -31,12 +31,14 @@ struct TapPageSpeed : testing::Test {
     TapPageSpeed() {
         TapProfile profile = *store.activeProfile();
         profile.bindings.clear();
-        for (int i = 0; i < 200; ++i)
+        for (int i = 0; i < 200; ++i) {
+            const int row = i / 20;
             profile.bindings.push_back({.id = QUuid::createUuid(),
                                         .name = u"Spot %1"_s.arg(i),
                                         .action = TapAction::openApp,
                                         .appName = u"org.mozilla.firefox"_s,
-                                        .samples = {{(i % 20) / 20.0, (i / 20) / 10.0}}});
+                                        .samples = {{(i % 20) / 20.0, row / 10.0}}});
+        }
         store.profiles = {profile};
         window.resize(580, 560);
         window.show();
