@@ -9,7 +9,6 @@ namespace brimlow::platform {
 
 namespace {
 
-constexpr double frameInterval = 0.008;
 constexpr double jitter = 0.0008;       // of the pad, either way
 constexpr double pressureJitter = 0.03; // of the pressure, either way
 
@@ -24,32 +23,15 @@ std::int32_t unitsAt(const AxisRange& axis, double share) {
     return axis.minimum + static_cast<std::int32_t>(std::lround(units));
 }
 
-/// How much of its height a touch's pressure has reached; a touch of few frames has one, too.
-double ramp(double sinceBegin, double untilEnd) {
-    constexpr double rise = 0.024;
-    return std::clamp(std::min(sinceBegin, untilEnd) / rise, 0.45, 1.0);
-}
-
 } // namespace
 
-std::vector<input_event> PadComposer::compose() {
-    double last = 0;
-    for (const ScriptedFinger& finger : fingers_)
-        last = std::max(last, finger.end);
-    const auto frames = static_cast<long>(std::ceil(last / frameInterval)) + 1;
-    emit(EV_SYN, SYN_REPORT, 0);
-    for (long frame = 0; frame <= frames; ++frame)
-        composeFrame(static_cast<double>(frame) * frameInterval);
-    return std::move(events_);
-}
-
-void PadComposer::composeFrame(double time) {
+std::vector<input_event> PadComposer::compose(double time, std::span<const PadFinger> fingers) {
     time_ = time;
-    const std::size_t before = events_.size();
+    events_.clear();
     for (std::size_t slot = 0; slot < slots_.size(); ++slot)
-        release(slot);
-    for (const ScriptedFinger& finger : fingers_) {
-        if (time >= finger.begin && time < finger.end && !isDown(finger))
+        renew(slot, fingers);
+    for (const PadFinger& finger : fingers) {
+        if (!isDown(finger))
             place(finger);
     }
     for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
@@ -58,58 +40,57 @@ void PadComposer::composeFrame(double time) {
     }
     composeButton();
     composeSingleTouch();
-    if (events_.size() > before)
+    if (!events_.empty())
         emit(EV_SYN, SYN_REPORT, 0);
+    return std::move(events_);
 }
 
-void PadComposer::release(std::size_t slot) {
-    const ScriptedFinger* finger = slots_[slot].finger;
-    if (!finger || time_ < finger->end)
+void PadComposer::renew(std::size_t slot, std::span<const PadFinger> fingers) {
+    auto& finger = slots_[slot].finger;
+    if (!finger)
         return;
+    const auto now = std::ranges::find(fingers, finger->id, &PadFinger::id);
+    if (now != fingers.end()) {
+        finger = *now;
+        return;
+    }
     select(slot);
     emit(EV_ABS, ABS_MT_TRACKING_ID, -1);
-    slots_[slot].finger = nullptr;
+    finger.reset();
 }
 
-bool PadComposer::isDown(const ScriptedFinger& finger) const {
-    return std::any_of(slots_.begin(), slots_.end(),
-                       [&](const Slot& slot) { return slot.finger == &finger; });
+bool PadComposer::isDown(const PadFinger& finger) const {
+    return std::ranges::any_of(
+        slots_, [&](const Slot& slot) { return slot.finger && slot.finger->id == finger.id; });
 }
 
-void PadComposer::place(const ScriptedFinger& finger) {
-    const auto slot =
-        std::find_if(slots_.begin(), slots_.end(), [](const Slot& each) { return !each.finger; });
+void PadComposer::place(const PadFinger& finger) {
+    const auto slot = std::ranges::find_if(slots_, [](const Slot& each) { return !each.finger; });
     if (slot == slots_.end())
         return;
-    slot->finger = &finger;
+    slot->finger = finger;
     slot->trackingId = ++lastTrackingId_;
     select(static_cast<std::size_t>(slot - slots_.begin()));
     emit(EV_ABS, ABS_MT_TRACKING_ID, static_cast<std::int32_t>(slot->trackingId % 65536));
 }
 
 void PadComposer::move(std::size_t slot) {
-    const ScriptedFinger& finger = *slots_[slot].finger;
-    const double along = (time_ - finger.begin) / (finger.end - finger.begin);
-    const double x = std::lerp(finger.from.x, finger.to.x, along) + jitter * noise(noise_);
-    const double y = std::lerp(finger.from.y, finger.to.y, along) + jitter * noise(noise_);
+    const PadFinger& finger = *slots_[slot].finger;
+    const double x = finger.point.x + jitter * noise(noise_);
+    const double y = finger.point.y + jitter * noise(noise_);
     send(slot, ABS_MT_POSITION_X, unitsAt(pad_.xAxis(), x));
     send(slot, ABS_MT_POSITION_Y, unitsAt(pad_.yAxis(), 1 - y));
     const auto& pressureAxis = pad_.axes[ABS_MT_PRESSURE];
     if (!pressureAxis)
         return;
-    const double pressure = finger.pressure * ramp(time_ - finger.begin, finger.end - time_)
-                            * (1 + pressureJitter * noise(noise_));
+    const double pressure = finger.pressure * (1 + pressureJitter * noise(noise_));
     send(slot, ABS_MT_PRESSURE, unitsAt(*pressureAxis, pressure));
 }
 
 void PadComposer::composeButton() {
-    const bool pressed = std::any_of(slots_.begin(), slots_.end(), [&](const Slot& slot) {
-        if (!slot.finger || !slot.finger->clicks)
-            return false;
-        const double third = (slot.finger->end - slot.finger->begin) / 3;
-        return time_ >= slot.finger->begin + third && time_ < slot.finger->end - third;
-    });
-    sendKey(BTN_LEFT, pressed);
+    sendKey(BTN_LEFT, std::ranges::any_of(slots_, [](const Slot& slot) {
+                return slot.finger && slot.finger->clicks;
+            }));
 }
 
 /// The oldest contact as the one pointer, and how many there are.

@@ -8,6 +8,7 @@
 #include <bitset>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace brimlow::platform {
@@ -18,40 +19,39 @@ struct PadPoint {
     double y = 0;
 };
 
-/// One finger from touch-down to lift-off, moving evenly. Seconds from the script's start.
-struct ScriptedFinger {
-    PadPoint from;
-    PadPoint to;
-    double begin = 0;
-    double end = 0;
-    double pressure = 0; // share of the range at its height
-    bool clicks = false; // pushes the pad down for the middle third
+/// One finger that touches a pad, at one moment.
+struct PadFinger {
+    long id = 0; // the same for as long as it touches
+    PadPoint point;
+    double pressure = 0; // share of the range
+    bool clicks = false; // pushes the pad down
 };
 
 /// The keys by which a pad says how many fingers touch it, from one finger on.
 constexpr std::array<std::uint16_t, 5> fingerCountKeys{
     BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP, BTN_TOOL_QUINTTAP};
 
-/// Plays the kernel: assigns slots, and sends only what changed since the last frame. Used once.
-/// More fingers at once than the pad has slots are left out.
+/// Plays the kernel: assigns slots, and sends only what changed since the last frame. Fingers
+/// tremble a little, always in the same way. More of them than the pad has slots are left out.
 class PadComposer {
 public:
-    PadComposer(const TrackpadDescription& pad, const std::vector<ScriptedFinger>& fingers)
-        : pad_(pad), fingers_(fingers), slots_(pad.slotCount()) {}
+    /// `pad` outlives it.
+    explicit PadComposer(const TrackpadDescription& pad) : pad_(pad), slots_(pad.slotCount()) {}
 
-    std::vector<input_event> compose();
+    /// The events of a frame in which these fingers touch, SYN_REPORT included; none where nothing
+    /// changed. `time` is what the events carry, in seconds.
+    std::vector<input_event> compose(double time, std::span<const PadFinger> fingers);
 
 private:
     struct Slot {
-        const ScriptedFinger* finger = nullptr;
+        std::optional<PadFinger> finger;
         long trackingId = 0; // the oldest contact has the smallest
         std::array<std::optional<std::int32_t>, ABS_CNT> sent;
     };
 
-    void composeFrame(double time);
-    void release(std::size_t slot);
-    bool isDown(const ScriptedFinger& finger) const;
-    void place(const ScriptedFinger& finger);
+    void renew(std::size_t slot, std::span<const PadFinger> fingers);
+    bool isDown(const PadFinger& finger) const;
+    void place(const PadFinger& finger);
     void move(std::size_t slot);
     void composeButton();
     void composeSingleTouch();
@@ -63,7 +63,6 @@ private:
     void emit(std::uint16_t type, std::uint16_t code, std::int32_t value);
 
     const TrackpadDescription& pad_;
-    const std::vector<ScriptedFinger>& fingers_;
     std::vector<Slot> slots_;
     std::vector<input_event> events_;
     std::bitset<KEY_CNT> keys_;

@@ -1,16 +1,32 @@
 #include "tools/recording/PadScript.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace brimlow::platform {
 
 namespace {
 
-// Shares of the pressure range, as recorded pads show them.
-constexpr double tapPressure = 0.27;
-constexpr double clickPressure = 0.42;
-constexpr double palmPressure = 0.75;
-
 constexpr double fingerDistance = 0.16; // of the pad's width, between two fingers of one hand
 constexpr double secondFingerLate = 0.008;
+
+/// How much of its height a touch's pressure has reached; a touch of few frames has one, too.
+double ramp(double sinceBegin, double untilEnd) {
+    constexpr double rise = 0.024;
+    return std::clamp(std::min(sinceBegin, untilEnd) / rise, 0.45, 1.0);
+}
+
+PadFinger at(double time, const ScriptedFinger& finger) {
+    const double duration = finger.end - finger.begin;
+    const double along = (time - finger.begin) / duration;
+    PadFinger now;
+    now.point = {std::lerp(finger.from.x, finger.to.x, along),
+                 std::lerp(finger.from.y, finger.to.y, along)};
+    now.pressure = finger.pressure * ramp(time - finger.begin, finger.end - time);
+    now.clicks =
+        finger.clicks && time >= finger.begin + duration / 3 && time < finger.end - duration / 3;
+    return now;
+}
 
 } // namespace
 
@@ -69,8 +85,33 @@ PadScript& PadScript::click(PadPoint point, double at, double duration) {
     return add({point, point, at, at + duration, clickPressure, true});
 }
 
+std::vector<PadFinger> PadScript::fingersAt(double time) const {
+    std::vector<PadFinger> touching;
+    for (std::size_t number = 0; number < fingers_.size(); ++number) {
+        const ScriptedFinger& finger = fingers_[number];
+        if (time < finger.begin || time >= finger.end)
+            continue;
+        touching.push_back(at(time, finger));
+        touching.back().id = static_cast<long>(number);
+    }
+    return touching;
+}
+
 std::vector<input_event> PadScript::events() const {
-    return PadComposer(pad_, fingers_).compose();
+    double last = 0;
+    for (const ScriptedFinger& finger : fingers_)
+        last = std::max(last, finger.end);
+    const auto frames = static_cast<long>(std::ceil(last / frameInterval)) + 1;
+    input_event empty{};
+    empty.type = EV_SYN;
+    std::vector<input_event> events{empty};
+    PadComposer composer(pad_);
+    for (long frame = 0; frame <= frames; ++frame) {
+        const double time = static_cast<double>(frame) * frameInterval;
+        const auto next = composer.compose(time, fingersAt(time));
+        events.insert(events.end(), next.begin(), next.end());
+    }
+    return events;
 }
 
 } // namespace brimlow::platform

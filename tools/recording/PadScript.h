@@ -4,8 +4,26 @@
 
 namespace brimlow::platform {
 
+// Shares of the pressure range, as recorded pads show them.
+constexpr double tapPressure = 0.27;
+constexpr double clickPressure = 0.42;
+constexpr double palmPressure = 0.75;
+
+/// Seconds from one frame of a touched pad to the next.
+constexpr double frameInterval = 0.008;
+
 /// A buttonpad of 100 × 62 mm with five slots and pressure, which reports no contact width.
 TrackpadDescription ordinaryTrackpad();
+
+/// One finger from touch-down to lift-off, moving evenly. Seconds from the script's start.
+struct ScriptedFinger {
+    PadPoint from;
+    PadPoint to;
+    double begin = 0;
+    double end = 0;
+    double pressure = 0; // share of the range at its height
+    bool clicks = false; // pushes the pad down for the middle third
+};
 
 /// Composes the events that a kernel sends for gestures on a pad with slots and pressure, also for
 /// gestures that overlap: frames every 8 ms while anything touches, with the single-touch axes and
@@ -37,6 +55,7 @@ public:
 
 private:
     PadScript& add(const ScriptedFinger& finger);
+    std::vector<PadFinger> fingersAt(double time) const;
 
     TrackpadDescription pad_;
     std::vector<ScriptedFinger> fingers_;
