@@ -24,6 +24,7 @@ public:
 
     /// Checks at once and then every 2.0 s; a repeat starts the interval anew.
     void startPolling();
+    void stopPolling() { permissionCheckTimer_.reset(); }
 
     // Ask the system and assign the answer, changed or not; only a change is printed.
     void checkAccessibility();

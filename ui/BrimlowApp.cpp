@@ -1,72 +1,116 @@
 #include "ui/BrimlowApp.h"
 
-#include "platform/InputDevices.h"
+#include "platform/MainQueue.h"
+#include "platform/NSBundle.h"
 #include "platform/Platform.h"
-#include "platform/SystemSettings.h"
 #include "ui/MainWindowView.h"
-#include "ui/style/ApplicationStyle.h"
+#include "ui/shell/Windows.h"
 
 #include <QCoreApplication>
-
-#include <algorithm>
+#include <QShortcut>
 
 namespace brimlow {
 
 using namespace Qt::StringLiterals;
+using platform::Platform;
 
 namespace {
 
+constexpr QSize smallest{600, 400};
 constexpr QSize usual{760, 560};
 
-/// Whether there are trackpads and none can be read: then no tap ever brings the question up.
-bool noTapCanAsk() {
-    const auto trackpads = platform::Platform::current().inputDevices.trackpads();
-    return !trackpads.empty()
-           && std::ranges::none_of(trackpads, &QString::isEmpty, &platform::Trackpad::complaint);
+void quit() {
+    QCoreApplication::quit();
 }
 
 } // namespace
 
-BrimlowApp::BrimlowApp(FileDialogs& fileDialogs) : fileDialogs_(fileDialogs) {}
+BrimlowApp::BrimlowApp(FileDialogs& fileDialogs)
+    : fileDialogs_(fileDialogs),
+      updaterController_(makeUpdaterControllerIfEligible(Platform::current().mainBundle)),
+      tray_(QDBusConnection::sessionBus()),
+      trayChanges_(Platform::current().mainQueue, [this] { updateTray(); }) {
+    QObject::connect(&tray_, &TrayIcon::activated, &tray_, [this] { openMainWindow(); });
+}
 
-BrimlowApp::~BrimlowApp() = default;
+BrimlowApp::~BrimlowApp() {
+    delete mainWindow_;
+}
 
-void BrimlowApp::start() {
+void BrimlowApp::launch(Launch launch) {
+    appDelegate_.applicationWillFinishLaunching();
+    if (launch == Launch::byUser)
+        openMainWindow();
+    if (launch != Launch::withoutDisplay)
+        appDelegate_.applicationDidFinishLaunching();
     appliedTapEnabled_ = settings_.tapEnabled();
     coordinator_.start();
+    hasLaunched_ = true;
     settingsChanges_ = settings_.observeWillChange([this] { settingsWillChange(); });
-    if (noTapCanAsk())
-        platform::Platform::current().systemSettings.prompt(platform::SettingsPane::accessibility);
+    trayChanges_.observe(settings_);
+    trayChanges_.observe(coordinator_.positionMappings);
+    updateTray();
 }
 
-void BrimlowApp::openMainWindow() {
-    if (!mainWindow_)
-        makeMainWindow();
-    mainWindow_->show();
-    mainWindow_->raise();
-    mainWindow_->activateWindow();
-}
-
-void BrimlowApp::makeMainWindow() {
-    mainWindow_ = std::make_unique<MainWindowView>(
-        MainWindowView::Environment{.settings = settings_,
-                                    .permissions = permissionsManager_,
-                                    .coordinator = coordinator_,
-                                    .fileDialogs = fileDialogs_,
-                                    .terminate = [] { QCoreApplication::quit(); }});
-    mainWindow_->setObjectName(u"main-window"_s);
-    mainWindow_->setWindowTitle(u"Brimlow"_s);
-    const auto& type = style::currentType();
-    mainWindow_->resize(type.scaled(usual.width()), type.scaled(usual.height()));
+void BrimlowApp::reopen() {
+    if (QWidget* onboarding = appDelegate_.onboardingWindow())
+        bringToFront(*onboarding);
+    else
+        openMainWindow();
 }
 
 void BrimlowApp::settingsWillChange() {
-    platform::Platform::current().mainQueue.async(lifetime_.guard([this] {
+    Platform::current().mainQueue.async(lifetime_.guard([this] {
         if (appliedTapEnabled_ == settings_.tapEnabled())
             return;
         appliedTapEnabled_ = settings_.tapEnabled();
         coordinator_.applyEnabledState();
     }));
+}
+
+void BrimlowApp::openMainWindow() {
+    const bool appears = !mainWindow_;
+    if (appears)
+        makeMainWindow();
+    bringToFront(*mainWindow_);
+    if (appears && hasLaunched_)
+        coordinator_.start(); // looks again for what was not there
+}
+
+void BrimlowApp::makeMainWindow() {
+    mainWindow_ = new MainWindowView({.settings = settings_,
+                                      .permissions = permissionsManager_,
+                                      .coordinator = coordinator_,
+                                      .fileDialogs = fileDialogs_,
+                                      .terminate = quit});
+    mainWindow_->setAttribute(Qt::WA_DeleteOnClose); // its memory goes with it
+    mainWindow_->setObjectName(u"main-window"_s);
+    mainWindow_->setWindowTitle(u"Brimlow"_s);
+    fitToText(*mainWindow_, smallest, usual);
+    for (const QChar key : {u'O', u'1', u'2', u'3', u'Q'})
+        QObject::connect(new QShortcut(Qt::CTRL | Qt::Key(key.unicode()), mainWindow_),
+                         &QShortcut::activated, mainWindow_, [this, key] { press(key); });
+    QObject::connect(new QShortcut(QKeySequence(QKeySequence::Close), mainWindow_),
+                     &QShortcut::activated, mainWindow_, &QWidget::close);
+}
+
+std::vector<MenuItem> BrimlowApp::menu() {
+    MenuActions actions{
+        .showBrimlow = [this] { openMainWindow(); }, .checkForUpdates = {}, .quit = quit};
+    if (updaterController_)
+        actions.checkForUpdates = [this] { updaterController_->updater().checkForUpdates(); };
+    return brimlowMenu(settings_, coordinator_.positionMappings, actions);
+}
+
+void BrimlowApp::press(QChar keyEquivalent) {
+    for (const MenuItem& item : menu())
+        if (item.keyEquivalent == keyEquivalent)
+            return item.action();
+}
+
+void BrimlowApp::updateTray() {
+    tray_.setItems(menu());
+    tray_.setOn(settings_.tapEnabled());
 }
 
 } // namespace brimlow

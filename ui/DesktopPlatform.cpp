@@ -25,6 +25,7 @@ DesktopPlatform::DesktopPlatform()
       installer_(bundle_.pathForAuxiliaryExecutable(u"brimlow-access-helper"_s)),
       settings_(installer_), platform_(services()) {
     style_.follow(appearance_);
+    icons_.setAppearance({.themeName = {}, .pixelRatio = qApp->devicePixelRatio()});
     // Now, so that the first tap does not wait for it.
     QThreadPool::globalInstance()->start([this] { applications_.catalogue(); });
 }

@@ -1,10 +1,15 @@
+#include "platform/EndSignals.h"
 #include "ui/BrimlowApp.h"
 #include "ui/DesktopPlatform.h"
 #include "ui/Display.h"
 #include "ui/files/DesktopFileDialogs.h"
+#include "ui/shell/ApplicationService.h"
+#include "ui/style/Symbols.h"
 
 #include <QApplication>
 #include <QDBusConnection>
+#include <QIcon>
+#include <QStandardPaths>
 
 #include <csignal>
 #include <cstdio>
@@ -13,10 +18,14 @@ using namespace brimlow;
 
 namespace {
 
-/// A program that the desktop has started at login by itself stays out of sight.
-bool isWindowWanted() {
-    return !qEnvironmentVariableIsSet("BRIMLOW_AUTOSTART")
-           && QGuiApplication::platformName() != QStringLiteral("offscreen");
+/// Whether the desktop has started the program at login, by itself. What we start is not told.
+BrimlowApp::Launch takeLaunch() {
+    constexpr auto variable = "BRIMLOW_AUTOSTART";
+    const bool atLogin = qEnvironmentVariableIsSet(variable);
+    qunsetenv(variable);
+    if (QGuiApplication::platformName() == QStringLiteral("offscreen"))
+        return BrimlowApp::Launch::withoutDisplay;
+    return atLogin ? BrimlowApp::Launch::atLogin : BrimlowApp::Launch::byUser;
 }
 
 } // namespace
@@ -28,13 +37,25 @@ int main(int argc, char* argv[]) {
     chooseDisplay();
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("brimlow"));
+    QApplication::setDesktopFileName(platform::builtInBundleIdentifier);
     QApplication::setQuitOnLastWindowClosed(false);
+    const platform::EndSignals endSignals;
+    QApplication::setWindowIcon(QIcon::fromTheme(
+        platform::builtInBundleIdentifier, style::symbolIcon(QStringLiteral("hand.tap.fill"))));
+    ApplicationService service(QDBusConnection::sessionBus(),
+                               QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)
+                                   + QStringLiteral("/brimlow.lock"));
+    const auto launch = takeLaunch();
+    if (!service.start(launch == BrimlowApp::Launch::byUser
+                           ? ApplicationService::Other::showsItself
+                           : ApplicationService::Other::isLeftAlone))
+        return 0;
 
     const DesktopPlatform platform;
     DesktopFileDialogs fileDialogs(QDBusConnection::sessionBus());
     BrimlowApp brimlow(fileDialogs);
-    brimlow.start();
-    if (isWindowWanted())
-        brimlow.openMainWindow();
+    QObject::connect(&service, &ApplicationService::activated, &service,
+                     [&brimlow] { brimlow.reopen(); });
+    brimlow.launch(launch);
     return QApplication::exec();
 }

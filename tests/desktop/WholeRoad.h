@@ -17,7 +17,7 @@ namespace brimlow::desktop {
 class WholeRoad : public X11Desktop {
 protected:
     void start(const std::vector<TapPositionMapping>& bindings) {
-        writePreferences(desktop.environment(), bindings);
+        writePreferences(desktop.environment(), bindings, profileName);
         auto environment = programEnvironment();
         for (const auto& [name, value] : input.environment())
             environment.insert(QString::fromStdString(name), QString::fromStdString(value));
@@ -49,6 +49,7 @@ protected:
 
     platform::MockedInput input;
     platform::MockedPad pad{input, platform::ordinaryTrackpad(), 5};
+    QString profileName = QStringLiteral("Scratch");
     QString launcher; // empty for the program itself
     std::optional<BrimlowProgram> program;
 };

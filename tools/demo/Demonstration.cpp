@@ -14,6 +14,7 @@ namespace {
 
 constexpr int patience = 10000;   // ms that a step may come late on a loaded machine
 constexpr int settleLimit = 3000; // ms for the window manager to follow
+constexpr int paintLimit = 500;   // ms for a window that is in front to be painted
 
 void say(const QString& text) {
     std::printf("%s\n", text.toUtf8().constData());
@@ -107,12 +108,28 @@ DemoResult Demonstration::runStep(const DemoStep& step) {
 // As a user would before going on, should the program's own window have come to the front.
 void Demonstration::focusApplication() {
     const auto now = desktop_.state();
-    const auto* active = now ? now->window(now->activeWindow) : nullptr;
-    if (!active || active->pid != brimlow_->pid())
+    if (!now || !ownWindowInFront(*now))
         return;
     desktop_.run(u"wmctrl"_s, {u"-i"_s, u"-a"_s, QString::number(windows_.shell)});
     desktop_.waitFor(
         [&](const DesktopState& state) { return state.activeWindow == windows_.shell; });
+}
+
+bool Demonstration::ownWindowInFront(const DesktopState& now) const {
+    const auto* active = now.window(now.activeWindow);
+    return active && active->pid == brimlow_->pid();
+}
+
+bool Demonstration::showMainWindow() {
+    if (brimlow_->pid() == 0 || !desktop_.run(program_, {}))
+        return false;
+    const auto inFront = [this](const DesktopState& now) { return ownWindowInFront(now); };
+    if (!desktop_.waitFor(inFront, patience))
+        return false;
+    brimlow_->readFor(paintLimit);
+    takePicture(u"main window"_s);
+    return desktop_.run(u"xdotool"_s, {u"key"_s, u"ctrl+w"_s})
+           && desktop_.waitFor([&](const DesktopState& now) { return !inFront(now); });
 }
 
 DesktopState Demonstration::applicationsState() const {

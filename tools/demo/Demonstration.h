@@ -28,6 +28,9 @@ public:
     QString prepare();
     /// Follows the recording to its end, or to the program's. Takes as long as the recording.
     std::vector<DemoResult> run();
+    /// Starts the program once more, which has the first one show its window; closes it again.
+    /// False when it does not come or go, or when the program has ended.
+    bool showMainWindow();
     /// Whether the program ended when it was asked to.
     bool finish();
 
@@ -36,6 +39,7 @@ private:
     std::uint32_t openTerminal(const QString& title, int workspace);
     DemoResult runStep(const DemoStep& step);
     void focusApplication();
+    bool ownWindowInFront(const DesktopState& now) const;
     /// Without the program's own windows.
     DesktopState applicationsState() const;
     void takePicture(const QString& name);

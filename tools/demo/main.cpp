@@ -2,6 +2,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -31,10 +32,13 @@ int demonstrate(const QString& program, const QString& recording, const QString&
         return 1;
     }
     const auto results = demonstration.run();
+    const bool shown = demonstration.showMainWindow();
     const bool ended = demonstration.finish();
 
     say(u"\nWhat the window manager says of it:\n"_s);
     say(tableOf(results));
+    if (!shown)
+        say(u"The program's window did not come, or did not go, when it was asked for."_s);
     if (!ended)
         say(u"The program did not end when it was asked to."_s);
     const auto successes = std::ranges::count_if(
@@ -42,7 +46,9 @@ int demonstrate(const QString& program, const QString& recording, const QString&
     const auto failures = static_cast<long>(demoSteps({}).size()) - successes;
     say(failures == 0 ? u"All of it really happened."_s
                       : u"%1 of it did not happen."_s.arg(failures));
-    return failures == 0 && ended ? 0 : 1;
+    say(u"Pictures of each step and of the program's window: %1"_s.arg(
+        QDir(pictures).absolutePath()));
+    return failures == 0 && shown && ended ? 0 : 1;
 }
 
 } // namespace

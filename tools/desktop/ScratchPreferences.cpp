@@ -17,8 +17,8 @@ TapPositionMapping bindingAt(const QString& name, double x, double y, TapAction 
 }
 
 void writePreferences(const QProcessEnvironment& environment,
-                      const std::vector<TapPositionMapping>& bindings) {
-    const TapProfile profile{QUuid::createUuid(), u"Scratch"_s, bindings};
+                      const std::vector<TapPositionMapping>& bindings, const QString& profileName) {
+    const TapProfile profile{QUuid::createUuid(), profileName, bindings};
     json::Writer writer(json::DateStrategy::secondsSince2001);
     writer.value(std::vector{profile});
 

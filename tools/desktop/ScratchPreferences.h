@@ -14,6 +14,7 @@ TapPositionMapping bindingAt(const QString& name, double x, double y, TapAction 
 /// Writes the preferences that a program in that environment will read: one active profile of these
 /// bindings, the introduction done. The environment must have a scratch XDG_CONFIG_HOME.
 void writePreferences(const QProcessEnvironment& environment,
-                      const std::vector<TapPositionMapping>& bindings);
+                      const std::vector<TapPositionMapping>& bindings,
+                      const QString& profileName = QStringLiteral("Scratch"));
 
 } // namespace brimlow::desktop

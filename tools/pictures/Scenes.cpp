@@ -76,6 +76,11 @@ std::vector<Scene> scenes() {
         {u"permissions-small"_s, makePermissionsSmall},
         {u"permissions-reset"_s, makePermissionsReset},
         {u"permissions-reset-failed"_s, makePermissionsResetFailed},
+        {u"onboarding-welcome"_s, makeOnboardingWelcome},
+        {u"onboarding-permissions"_s, makeOnboardingPermissions},
+        {u"onboarding-granted"_s, makeOnboardingGranted},
+        {u"onboarding-small"_s, makeOnboardingSmall},
+        {u"onboarding-summary"_s, makeOnboardingSummary},
         {u"general"_s, makeGeneral},
         {u"general-palm"_s, makeGeneralPalm},
         {u"general-small"_s, makeGeneralSmall},
@@ -91,6 +96,13 @@ std::vector<Scene> scenes() {
         {u"delete-profile"_s, makeDeleteProfile},
         {u"clear-all"_s, makeClearAll},
         {u"import-failed"_s, makeImportFailed},
+        {u"update-newer"_s, makeUpdateNewer},
+        {u"update-newer-long"_s, makeUpdateNewerLong},
+        {u"update-newer-bare"_s, makeUpdateNewerBare},
+        {u"update-checking"_s, makeUpdateChecking},
+        {u"up-to-date"_s, makeUpToDate},
+        {u"update-failed"_s, makeUpdateFailed},
+        {u"trackpad"_s, makeTrackpad},
     };
 }
 

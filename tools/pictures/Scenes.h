@@ -56,6 +56,11 @@ std::unique_ptr<QWidget> makePermissions();
 std::unique_ptr<QWidget> makePermissionsSmall();
 std::unique_ptr<QWidget> makePermissionsReset();
 std::unique_ptr<QWidget> makePermissionsResetFailed();
+std::unique_ptr<QWidget> makeOnboardingWelcome();
+std::unique_ptr<QWidget> makeOnboardingPermissions();
+std::unique_ptr<QWidget> makeOnboardingGranted();
+std::unique_ptr<QWidget> makeOnboardingSmall();
+std::unique_ptr<QWidget> makeOnboardingSummary();
 std::unique_ptr<QWidget> makeGeneral();
 std::unique_ptr<QWidget> makeGeneralPalm();
 std::unique_ptr<QWidget> makeGeneralSmall();
@@ -71,5 +76,12 @@ std::unique_ptr<QWidget> makeRenameProfile();
 std::unique_ptr<QWidget> makeDeleteProfile();
 std::unique_ptr<QWidget> makeClearAll();
 std::unique_ptr<QWidget> makeImportFailed();
+std::unique_ptr<QWidget> makeUpdateNewer();
+std::unique_ptr<QWidget> makeUpdateNewerLong();
+std::unique_ptr<QWidget> makeUpdateNewerBare();
+std::unique_ptr<QWidget> makeUpdateChecking();
+std::unique_ptr<QWidget> makeUpToDate();
+std::unique_ptr<QWidget> makeUpdateFailed();
+std::unique_ptr<QWidget> makeTrackpad();
 
 } // namespace brimlow::pictures

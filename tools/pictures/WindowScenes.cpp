@@ -94,6 +94,7 @@ std::vector<TapPositionMapping> workBindings() {
         {u"Off switch"_s, 0.93, 0.08, 0.06, TapAction::toggleBrimlow},
     };
     std::vector<TapPositionMapping> bindings;
+    bindings.reserve(spots.size());
     for (const Spot& spot : spots) {
         bindings.push_back({.id = QUuid::createUuid(),
                             .name = spot.name,
@@ -105,7 +106,8 @@ std::vector<TapPositionMapping> workBindings() {
     return bindings;
 }
 
-void fill(WindowScene& window, const QString& profile, std::vector<TapPositionMapping> bindings) {
+void fill(WindowScene& window, const QString& profile,
+          const std::vector<TapPositionMapping>& bindings) {
     auto& store = window.coordinator.positionMappings;
     store.renameProfile(store.activeProfileId, profile);
     store.clearAllBindings();

@@ -75,11 +75,12 @@ Sheet* confirmation(const QString& title, const QString& message, const QString&
     return sheet;
 }
 
-Sheet* alert(const QString& title, const QString& message, QWidget* parent) {
+Sheet* alert(const QString& title, const QString& message, QWidget* parent,
+             const QString& button) {
     auto* sheet = new Sheet(title, message, parent);
-    auto* ok = prominentButton(u"OK"_s);
-    ok->setDefault(true);
-    sheet->addConfirm(ok);
+    auto* only = prominentButton(button);
+    only->setDefault(true);
+    sheet->addConfirm(only);
     return sheet;
 }
 

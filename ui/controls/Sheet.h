@@ -36,6 +36,7 @@ Sheet* confirmation(const QString& title, const QString& message, const QString&
                     QWidget* parent);
 
 /// Tells something that has to be taken note of.
-Sheet* alert(const QString& title, const QString& message, QWidget* parent);
+Sheet* alert(const QString& title, const QString& message, QWidget* parent,
+             const QString& button = QStringLiteral("OK"));
 
 } // namespace brimlow::controls

@@ -16,7 +16,6 @@ using controls::Caption;
 using controls::FlowLayout;
 using controls::SymbolLabel;
 using style::Role;
-using style::Theme;
 
 namespace {
 
@@ -53,9 +52,8 @@ PageSection::PageSection(const QString& symbol, style::Tone tone, const QString&
     setAccessibleDescription(text);
 }
 
-void PageSection::addHeadingSymbol(const QString& symbol) {
-    headingLine_->insertWidget(0,
-                               new SymbolLabel(symbol, headingSymbolSize, &Theme::secondaryText));
+void PageSection::addHeadingSymbol(const QString& symbol, style::Tone tone) {
+    headingLine_->insertWidget(0, new SymbolLabel(symbol, headingSymbolSize, tone));
 }
 
 void PageSection::addBadge(controls::Badge* badge) {

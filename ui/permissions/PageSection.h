@@ -25,7 +25,7 @@ public:
                 const QString& text, QWidget* parent = nullptr);
 
     /// Before the heading, smaller.
-    void addHeadingSymbol(const QString& symbol);
+    void addHeadingSymbol(const QString& symbol, style::Tone tone);
     /// At the right end of the heading's line.
     void addBadge(controls::Badge* badge);
     /// Right of those before.

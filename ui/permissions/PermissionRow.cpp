@@ -7,6 +7,7 @@
 #include "ui/controls/Buttons.h"
 #include "ui/controls/ElidedText.h"
 #include "ui/controls/SymbolLabel.h"
+#include "ui/permissions/PermissionStatus.h"
 
 #include <QPushButton>
 
@@ -19,23 +20,6 @@ using platform::Platform;
 using style::Theme;
 
 namespace {
-
-struct Status {
-    QString symbol;
-    style::Tone tone;
-    QString text;
-    Badge::Kind kind;
-};
-
-Status statusOf(PermissionRow::Granted granted) {
-    if (!granted)
-        return {u"questionmark.circle.fill"_s, &Theme::greySymbol, u"Check in Settings"_s,
-                Badge::Kind::grey};
-    if (*granted)
-        return {u"checkmark.circle.fill"_s, &Theme::greenSymbol, u"Granted"_s, Badge::Kind::green};
-    return {u"exclamationmark.triangle.fill"_s, &Theme::orangeSymbol, u"Not Granted"_s,
-            Badge::Kind::orange};
-}
 
 /// The rows' buttons look alike; a screen reader says which row it is in.
 void nameAfter(const QString& title, QPushButton* button) {
@@ -60,7 +44,7 @@ PermissionRow::PermissionRow(const QString& icon, const QString& title, const QS
                              Granted granted, QWidget* parent)
     : PageSection({}, &Theme::greySymbol, title, description, parent), title_(title),
       granted_(granted), badge_(new Badge({}, Badge::Kind::grey)) {
-    addHeadingSymbol(icon);
+    addHeadingSymbol(icon, &Theme::secondaryText);
     addBadge(badge_);
     auto* grant = controls::prominentButton(u"Grant + Open Settings"_s, u"arrow.up.right.square"_s);
     connect(grant, &QPushButton::clicked, this, &PermissionRow::grantPressed);
@@ -78,7 +62,7 @@ void PermissionRow::setGranted(Granted granted) {
 }
 
 void PermissionRow::showGranted() {
-    const Status status = statusOf(granted_);
+    const PermissionStatus status = permissionStatus(granted_, u"Not Granted"_s);
     symbol().set(status.symbol, status.tone);
     badge_->set(status.text, status.kind);
     setAccessibleName(title_ + u": "_s + status.text);

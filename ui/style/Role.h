@@ -16,6 +16,8 @@ enum class Role {
     pageHeading,
     sheetTitle,
     heading,
+    body,
+    secondaryBody,
     row,
     fieldCaption,
     captionHeading,

@@ -22,6 +22,8 @@ QLabel[role="welcomeTitle"] { font: @welcomeTitleFont; }
 QLabel[role="pageHeading"] { font: @pageHeadingFont; }
 QLabel[role="sheetTitle"] { font: @sheetTitleFont; }
 QLabel[role="heading"] { font: @headingFont; }
+QLabel[role="body"] { font: @bodyFont; }
+QLabel[role="secondaryBody"] { font: @bodyFont; color: @secondaryText; }
 QLabel[role="row"] { font: @rowFont; }
 QLabel[role="fieldCaption"] { font: @fieldCaptionFont; color: @secondaryText; }
 QLabel[role="captionHeading"] { font: @captionHeadingFont; }
@@ -190,6 +192,7 @@ const QHash<QString, TextStyle>& fonts() {
         {u"pageHeadingFont"_s, TextStyle::pageHeading},
         {u"sheetTitleFont"_s, TextStyle::sheetTitle},
         {u"headingFont"_s, TextStyle::heading},
+        {u"bodyFont"_s, TextStyle::body},
         {u"rowFont"_s, TextStyle::row},
         {u"smallButtonFont"_s, TextStyle::smallButton},
         {u"fieldCaptionFont"_s, TextStyle::fieldCaption},

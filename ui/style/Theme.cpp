@@ -49,6 +49,7 @@ Theme baseTheme(const Pick& pick) {
         .greenSymbol = pick(0x1F8A40, 0x4CC46E),
         .orangeSymbol = pick(0xC76700, 0xF79A3B),
         .redSymbol = pick(0xD12F28, 0xFF6B61),
+        .purpleSymbol = pick(0x7403C3, 0xAA61F8),
         .greySymbol = pick(0x757D8A, 0x8E96A3),
         .mapGrey = pick(0x6F7683, 0xA3AAB5),
         .mapRed = pick(0xD12F28, 0xFF6B61),

@@ -50,6 +50,7 @@ struct Theme {
     QColor greenSymbol;
     QColor orangeSymbol;
     QColor redSymbol;
+    QColor purpleSymbol;
     QColor greySymbol;
 
     // Tints

@@ -50,6 +50,7 @@ const std::vector<Pair> pairs{
     {"status", &Theme::greenSymbol, surfaces, forSymbols},
     {"warning", &Theme::orangeSymbol, {&Theme::card, &Theme::window, &Theme::notice}, forSymbols},
     {"error", &Theme::redSymbol, surfaces, forSymbols},
+    {"permission", &Theme::purpleSymbol, {&Theme::card}, forSymbols},
     {"unknown", &Theme::greySymbol, surfaces, forSymbols},
     {"ring", &Theme::blue, surfaces, forSymbols},
     {"field line", &Theme::line, {&Theme::field, &Theme::window}, forSymbols},

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/FileDescriptor.h"
+
+#include <QSocketNotifier>
+
+namespace brimlow::platform {
+
+/// Ctrl+C and SIGTERM as an ordinary end of the application, after which everything is cleared
+/// away; the second of them ends it at once. One per process, on the main thread, made after the
+/// application.
+class EndSignals {
+public:
+    EndSignals();
+    ~EndSignals();
+    EndSignals(const EndSignals&) = delete;
+    EndSignals& operator=(const EndSignals&) = delete;
+
+private:
+    FileDescriptor wake_;
+    QSocketNotifier notifier_;
+};
+
+} // namespace brimlow::platform
