@@ -1,8 +1,7 @@
+#include "bench/whole/DesktopSubject.h"
+#include "bench/whole/Process.h"
 #include "bench/whole/Subject.h"
-
-#include <QDir>
-#include <QFile>
-#include <QRegularExpression>
+#include "bench/whole/Table.h"
 
 namespace brimlow::bench {
 
@@ -10,29 +9,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString contentsOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+constexpr int settling = 2500; // ms until everything of the start is over, a first poll included
+
+qint64 wakeUpsIn(int seconds, desktop::BrimlowProgram& program) {
+    program.readFor(settling);
+    const qint64 before = wakeUps(program.pid());
+    program.readFor(seconds * 1000);
+    return wakeUps(program.pid()) - before;
 }
 
-/// The sum of the numbers behind `label` in a file of /proc.
-qint64 sumOf(const QString& text, const QString& label) {
-    qint64 sum = 0;
-    const QRegularExpression line(u"^%1:?\\s+(\\d+)"_s.arg(label),
-                                  QRegularExpression::MultilineOption);
-    for (const auto& match : line.globalMatch(text))
-        sum += match.captured(1).toLongLong();
-    return sum;
-}
-
-/// How often the threads of a process went to sleep by themselves: once for each time they woke.
-qint64 wakeUps(qint64 pid) {
-    qint64 sum = 0;
-    const QDir threads(u"/proc/%1/task"_s.arg(pid));
-    for (const auto& thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-        sum += sumOf(contentsOf(threads.filePath(thread + u"/status"_s)),
-                     u"voluntary_ctxt_switches"_s);
-    return sum;
+void reportIdle(const QString& where, int seconds, desktop::BrimlowProgram& program) {
+    const qint64 count = wakeUpsIn(seconds, program);
+    report(u"wake-ups of all threads, idle for %1 s (%2 polls), %3"_s.arg(seconds)
+               .arg(seconds / 2)
+               .arg(where),
+           QString::number(count), u"the 2.0 s poll only"_s);
+    reportMemory(u"idle, "_s + where, memoryOf(program.pid()), u"at most 20 MB"_s);
 }
 
 } // namespace
@@ -40,21 +32,14 @@ qint64 wakeUps(qint64 pid) {
 void measureIdle(int seconds) {
     Subject subject;
     subject.start();
-    subject.program().readFor(2500);
-    const qint64 pid = subject.program().pid();
-    const qint64 before = wakeUps(pid);
-    subject.program().readFor(seconds * 1000);
-    const qint64 after = wakeUps(pid);
-    report(u"wake-ups of all threads, idle for %1 s (%2 polls)"_s.arg(seconds).arg(seconds / 2),
-           QString::number(after - before), u"the 2.0 s poll only"_s);
+    reportIdle(u"no display"_s, seconds, subject.program());
+}
 
-    const QString memory = contentsOf(u"/proc/%1/smaps_rollup"_s.arg(pid));
-    const qint64 kilobytes = sumOf(memory, u"Private_Clean"_s) + sumOf(memory, u"Private_Dirty"_s);
-    report(u"private memory, idle"_s,
-           u"%1 MB"_s.arg(static_cast<double>(kilobytes) / 1024, 0, 'f', 1), u"at most 20 MB"_s);
-    // What another program maps as well counts as private in neither.
-    report(u"  resident memory, shared libraries included"_s,
-           u"%1 MB"_s.arg(static_cast<double>(sumOf(memory, u"Rss"_s)) / 1024, 0, 'f', 1), {});
+void measureIdleInTray(int seconds) {
+    DesktopSubject subject;
+    subject.giveOwnLibraries();
+    subject.start(DesktopSubject::Launch::atLogin);
+    reportIdle(u"in the tray"_s, seconds, subject.program());
 }
 
 } // namespace brimlow::bench

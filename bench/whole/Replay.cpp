@@ -1,4 +1,5 @@
 #include "bench/whole/Subject.h"
+#include "bench/whole/Table.h"
 
 #include <QFile>
 

@@ -2,9 +2,6 @@
 
 #include <QElapsedTimer>
 
-#include <algorithm>
-#include <cmath>
-#include <cstdio>
 #include <stdexcept>
 
 namespace brimlow::bench {
@@ -28,18 +25,6 @@ double Subject::start() {
     if (!refusal.isEmpty() || program_->waitForLine(u"listening"_s).isNull())
         throw std::runtime_error("the program does not come up: " + refusal.toStdString());
     return static_cast<double>(time.nsecsElapsed()) / 1e9;
-}
-
-double percentile(std::vector<double> values, double share) {
-    std::ranges::sort(values);
-    const auto last = static_cast<double>(values.size() - 1);
-    return values.at(static_cast<std::size_t>(std::lround(last * share)));
-}
-
-void report(const QString& what, const QString& figure, const QString& limit) {
-    std::printf("%-64s %16s   %s\n", qUtf8Printable(what), qUtf8Printable(figure),
-                qUtf8Printable(limit));
-    std::fflush(stdout);
 }
 
 } // namespace brimlow::bench

@@ -32,15 +32,13 @@ private:
     std::unique_ptr<desktop::BrimlowProgram> program_;
 };
 
-/// The value below which `share` (0…1) of the values lie.
-double percentile(std::vector<double> values, double share);
-
-/// One line of the table: what was measured, the figure, the limit.
-void report(const QString& what, const QString& figure, const QString& limit);
-
 // Each prints its own lines.
 void measureStart(int rounds);
+void measureStartInTray(int rounds);
+void measureFirstPaint(int rounds);
 void measureIdle(int seconds);
+void measureIdleInTray(int seconds);
+void measureWindowMemory();
 void measureLatency(int taps);
 void measureReplay(int frames);
 

@@ -1,5 +1,7 @@
 #include "bench/whole/Subject.h"
 
+#include <QCoreApplication>
+
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -13,9 +15,14 @@ int main(int argc, char* argv[]) {
         std::fprintf(stderr, "usage: %s [TAPS]\n", argv[0]);
         return 2;
     }
+    const QCoreApplication application(argc, argv);
     try {
         measureStart(20);
+        measureStartInTray(20);
+        measureFirstPaint(20);
         measureIdle(20);
+        measureIdleInTray(20);
+        measureWindowMemory();
         measureReplay(10'000);
         measureLatency(taps);
     } catch (const std::exception& error) {
