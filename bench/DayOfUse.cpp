@@ -196,7 +196,7 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QLoggingCategory::setFilterRules(u"default.warning=false"_s); // it cannot raise windows
+    QLoggingCategory::setFilterRules(u"default.warning=false"_s);  // it cannot raise windows
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent"); // not the user's own panel
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
