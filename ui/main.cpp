@@ -9,7 +9,6 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <QIcon>
-#include <QStandardPaths>
 
 #include <csignal>
 #include <cstdio>
@@ -42,9 +41,7 @@ int main(int argc, char* argv[]) {
     const platform::EndSignals endSignals;
     QApplication::setWindowIcon(QIcon::fromTheme(
         platform::builtInBundleIdentifier, style::symbolIcon(QStringLiteral("hand.tap.fill"))));
-    ApplicationService service(QDBusConnection::sessionBus(),
-                               QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)
-                                   + QStringLiteral("/brimlow.lock"));
+    ApplicationService service(QDBusConnection::sessionBus());
     const auto launch = takeLaunch();
     if (!service.start(launch == BrimlowApp::Launch::byUser
                            ? ApplicationService::Other::showsItself

@@ -23,6 +23,7 @@ struct BadInput : testing::Test {
         environment.insert(u"PATH"_s, qEnvironmentVariable("PATH"));
         environment.insert(u"HOME"_s, home.path());
         environment.insert(u"XDG_CONFIG_HOME"_s, home.path());
+        environment.insert(u"XDG_RUNTIME_DIR"_s, home.path()); // there may be one at a time
         QDir(home.path()).mkdir(u"brimlow"_s);
     }
 

@@ -2,6 +2,7 @@
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QStandardPaths>
 
 namespace brimlow {
 
@@ -20,14 +21,11 @@ constexpr auto tokenVariable = "XDG_ACTIVATION_TOKEN";
 
 } // namespace
 
-ApplicationService::ApplicationService(QDBusConnection bus, const QString& lockFile)
-    : bus_(std::move(bus)), lock_(lockFile) {
-    lock_.setStaleLockTime(0); // old is not dead
-}
+ApplicationService::ApplicationService(QDBusConnection bus) : bus_(std::move(bus)) {}
 
 bool ApplicationService::start(Other other) {
     if (!bus_.isConnected())
-        return lock_.tryLock() || lock_.error() != QLockFile::LockFailedError;
+        return lock();
     // First the object, so that nobody finds the name without it.
     bus_.registerObject(path, this, QDBusConnection::ExportScriptableSlots);
     const auto reply =
@@ -39,6 +37,13 @@ bool ApplicationService::start(Other other) {
     if (other == Other::showsItself)
         handOver();
     return false;
+}
+
+bool ApplicationService::lock() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    lock_ = std::make_unique<QLockFile>(folder + u"/brimlow.lock"_s);
+    lock_->setStaleLockTime(0); // old is not dead
+    return lock_->tryLock() || lock_->error() != QLockFile::LockFailedError;
 }
 
 void ApplicationService::handOver() {

@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QVariantMap>
 
-#include <optional>
+#include <memory>
 
 namespace brimlow {
 
@@ -16,8 +16,8 @@ class ApplicationService : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    /// `lockFile` tells where there is no bus.
-    ApplicationService(QDBusConnection bus, const QString& lockFile);
+    /// Where that bus is not connected, a file that is locked tells, in the folder for such files.
+    explicit ApplicationService(QDBusConnection bus);
 
     enum class Other { isLeftAlone, showsItself };
 
@@ -36,10 +36,11 @@ Q_SIGNALS:
     void activated();
 
 private:
+    bool lock();
     void handOver();
 
     QDBusConnection bus_;
-    QLockFile lock_;
+    std::unique_ptr<QLockFile> lock_;
 };
 
 } // namespace brimlow
