@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "ui/MainWindowView.h"
 #include "ui/shell/Windows.h"
+#include "ui/style/ApplicationStyle.h"
 
 #include <QCoreApplication>
 #include <QShortcut>
@@ -84,6 +85,10 @@ void BrimlowApp::makeMainWindow() {
                                       .fileDialogs = fileDialogs_,
                                       .terminate = quit});
     mainWindow_->setAttribute(Qt::WA_DeleteOnClose); // its memory goes with it
+    QObject::connect(mainWindow_, &QObject::destroyed, qApp, [] {
+        // Later, when it is really gone.
+        Platform::current().mainQueue.async(style::forgetGoneWidgets);
+    });
     mainWindow_->setObjectName(u"main-window"_s);
     mainWindow_->setWindowTitle(u"Brimlow"_s);
     fitToText(*mainWindow_, smallest, usual);

@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QPalette>
 
+#include <malloc.h>
+
 namespace brimlow::style {
 
 using namespace Qt::StringLiterals;
@@ -60,6 +62,11 @@ void ApplicationStyle::dress() {
     QApplication::setPalette(paletteOf(theme_));
     QApplication::setFont(type_.font(TextStyle::body));
     qApp->setStyleSheet(styleSheet(theme_, type_));
+}
+
+void forgetGoneWidgets() {
+    qApp->setStyleSheet(qApp->styleSheet());
+    ::malloc_trim(0);
 }
 
 const Theme& currentTheme() {

@@ -34,6 +34,10 @@ private:
     TypeScale type_;
 };
 
+/// Gives back what Qt's style sheets remember of widgets that are gone, which they do for as long
+/// as the sheet is the same. For when a large window has been destroyed.
+void forgetGoneWidgets();
+
 /// What ApplicationStyle made of the desktop's wishes; without one the light theme.
 const Theme& currentTheme();
 const TypeScale& currentType();

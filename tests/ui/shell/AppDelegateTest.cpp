@@ -33,6 +33,9 @@ void answerAlert() {
 }
 
 TEST_F(Delegate, FromADiskImageNothingStarts) {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "what is left at an exit from the middle looks like leaks";
+#endif
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     for (const auto& path : {u"/Applications/Brimlow.app"_s, u"/Volumesx/Brimlow.app"_s,
                              u"/usr/bin/brimlow"_s, u"/home/user/Volumes/Brimlow.app"_s}) {
