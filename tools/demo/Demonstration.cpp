@@ -121,7 +121,9 @@ bool Demonstration::ownWindowInFront(const DesktopState& now) const {
 }
 
 bool Demonstration::showMainWindow() {
-    if (brimlow_->pid() == 0 || !desktop_.run(program_, {}))
+    // As a user starts it, not as the desktop does at login.
+    if (brimlow_->pid() == 0
+        || !desktop_.run(u"env"_s, {u"-u"_s, u"BRIMLOW_AUTOSTART"_s, program_}))
         return false;
     const auto inFront = [this](const DesktopState& now) { return ownWindowInFront(now); };
     if (!desktop_.waitFor(inFront, patience))
