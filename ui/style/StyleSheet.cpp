@@ -1,7 +1,6 @@
 #include "ui/style/StyleSheet.h"
 
 #include <QHash>
-#include <QRegularExpression>
 
 namespace brimlow::style {
 
@@ -220,16 +219,19 @@ QString valueOf(const QString& token, const Theme& theme, const TypeScale& type)
 } // namespace
 
 QString styleSheet(const Theme& theme, const TypeScale& type) {
-    static const QRegularExpression token(u"@(\\w+)"_s);
     const QString pattern = sheet;
     QString text;
-    qsizetype end = 0;
-    for (const auto& match : token.globalMatch(pattern)) {
-        text += QStringView(pattern).mid(end, match.capturedStart() - end);
-        text += valueOf(match.captured(1), theme, type);
-        end = match.capturedEnd();
+    for (qsizetype at = 0; at < pattern.size();) {
+        if (pattern[at] != u'@') {
+            text += pattern[at++];
+            continue;
+        }
+        const qsizetype start = ++at;
+        while (at < pattern.size() && pattern[at].isLetterOrNumber())
+            ++at;
+        text += valueOf(pattern.mid(start, at - start), theme, type);
     }
-    return text + pattern.mid(end);
+    return text;
 }
 
 } // namespace brimlow::style
