@@ -75,8 +75,7 @@ Sheet* confirmation(const QString& title, const QString& message, const QString&
     return sheet;
 }
 
-Sheet* alert(const QString& title, const QString& message, QWidget* parent,
-             const QString& button) {
+Sheet* alert(const QString& title, const QString& message, QWidget* parent, const QString& button) {
     auto* sheet = new Sheet(title, message, parent);
     auto* only = prominentButton(button);
     only->setDefault(true);
