@@ -15,15 +15,6 @@ protected:
         dropRootsPowers();
     }
 
-    /// 0 as long as there is none.
-    std::uint32_t accessWindow() const {
-        const auto state = desktop.state();
-        for (const DesktopWindow& window : state ? state->windows : std::vector<DesktopWindow>())
-            if (window.pid == program->pid())
-                return window.number;
-        return 0;
-    }
-
     platform::MockedPad second{input, platform::ordinaryTrackpad(), 6};
 };
 
@@ -35,11 +26,11 @@ TEST_P(GrantedRoad, AskingTakesNoFocusAndTapsArriveOnceItIsGranted) {
     const auto terminal = openTerminal(u"work"_s);
     ASSERT_TRUE(becomesActive(terminal));
     start({bindingAt(u"right"_s, right.x, right.y, TapAction::switchDesktopRight)});
-    ASSERT_TRUE(desktop.waitFor([&](const DesktopState&) { return accessWindow() != 0; }));
-    const auto asking = accessWindow();
+    ASSERT_TRUE(desktop.waitFor([&](const DesktopState&) { return programWindow() != 0; }));
+    const auto asking = programWindow();
     tap(right);
     ASSERT_TRUE(says(u"Accessibility NOT granted — prompted user"_s));
-    EXPECT_EQ(accessWindow(), asking) << "one window however often";
+    EXPECT_EQ(programWindow(), asking) << "one window however often";
     EXPECT_EQ(desktop.state()->activeWindow, terminal);
     if (qEnvironmentVariableIsSet("BRIMLOW_TEST_PICTURES"))
         desktop.screenshot(qEnvironmentVariable("BRIMLOW_TEST_PICTURES") + u"/asking.png"_s);
@@ -48,7 +39,7 @@ TEST_P(GrantedRoad, AskingTakesNoFocusAndTapsArriveOnceItIsGranted) {
     tap(right);
     ASSERT_TRUE(says(u"Accessibility NOT granted — prompted user"_s));
     program->readFor(200);
-    EXPECT_EQ(accessWindow(), 0U) << "the user has waved it away";
+    EXPECT_EQ(programWindow(), 0U) << "the user has waved it away";
 
     second.setPermissions(0600);
     second.announceChange();
@@ -65,7 +56,7 @@ TEST_P(GrantedRoad, WhereNoTapCanAskTheStartDoes) {
     const auto terminal = openTerminal(u"work"_s);
     ASSERT_TRUE(becomesActive(terminal));
     start({bindingAt(u"right"_s, right.x, right.y, TapAction::switchDesktopRight)});
-    ASSERT_TRUE(desktop.waitFor([&](const DesktopState&) { return accessWindow() != 0; }));
+    ASSERT_TRUE(desktop.waitFor([&](const DesktopState&) { return programWindow() != 0; }));
     EXPECT_EQ(desktop.state()->activeWindow, terminal);
     pad.setPermissions(0600);
     second.setPermissions(0600);

@@ -14,12 +14,7 @@ constexpr platform::PadPoint right{0.95, 0.5};
 /// The program as it is after login, and ways to come back to it.
 class InstanceRoad : public WholeRoad {
 protected:
-    bool hasWindow() const {
-        const auto state = desktop.state();
-        return state && std::ranges::any_of(state->windows, [this](const DesktopWindow& window) {
-                   return window.pid == program->pid();
-               });
-    }
+    bool hasWindow() const { return programWindow() != 0; }
     bool windowComes() {
         return desktop.waitFor([this](const DesktopState& now) {
             const auto* window = now.window(now.activeWindow);

@@ -35,12 +35,7 @@ protected:
         }
         return lines;
     }
-    bool hasWindow() const {
-        const auto state = desktop.state();
-        return state && std::ranges::any_of(state->windows, [this](const DesktopWindow& window) {
-                   return window.pid == program->pid();
-               });
-    }
+    bool hasWindow() const { return programWindow() != 0; }
 
     int argumentCount = 0;
     QCoreApplication application{argumentCount, nullptr};

@@ -1,5 +1,7 @@
 #include "tests/desktop/Person.h"
 
+#include <gtest/gtest.h>
+
 namespace brimlow::desktop {
 
 using namespace Qt::StringLiterals;
@@ -83,6 +85,17 @@ bool Person::click(const QString& name, const QString& role) const {
             return false;
     }
     return false;
+}
+
+bool Person::click(const QStringList& names) const {
+    for (const QString& name : names) {
+        if (click(name))
+            continue;
+        ADD_FAILURE() << "there is no " << name.toStdString();
+        lookAt(u"missing"_s);
+        return false;
+    }
+    return true;
 }
 
 void Person::lookAt(const QString& picture) const {

@@ -21,6 +21,8 @@ public:
     bool seesNo(const QString& name) const;
     /// Scrolls to it where it is in a page that scrolls.
     bool click(const QString& name, const QString& role = {}) const;
+    /// One after the other; complains of the first that is not there.
+    bool click(const QStringList& names) const;
     bool hasFocusOn(const QString& name) const;
     /// What the focus has moved to since this was last asked; empty where it has not.
     QString nextFocus();

@@ -24,16 +24,6 @@ protected:
     }
     QProcessEnvironment programEnvironment() const override { return person.environment(); }
 
-    bool clicks(const QStringList& names) {
-        for (const QString& name : names) {
-            if (person.click(name))
-                continue;
-            ADD_FAILURE() << "there is no " << name.toStdString();
-            person.lookAt(u"missing"_s);
-            return false;
-        }
-        return true;
-    }
     /// Into a dialog of that title.
     bool answers(const QString& title, const QString& text) {
         return person.isIn(title) && person.press(u"ctrl+a"_s) && person.type(text)
@@ -62,29 +52,29 @@ TEST_P(PersonRoad, ProfilesAndTheirBindings) {
     const auto editor = desktop.openWindow(u"mousepad"_s);
     start({});
     ASSERT_TRUE(person.isIn(u"Brimlow"_s));
-    ASSERT_TRUE(clicks({u"Tap"_s, u"New Profile"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"Tap"_s, u"New Profile"_s}));
     ASSERT_TRUE(answers(u"New Profile"_s, u"Travel"_s));
     ASSERT_TRUE(person.sees(u"Travel"_s, u"combo box"_s));
-    ASSERT_TRUE(clicks({u"Rename profile"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"Rename profile"_s}));
     ASSERT_TRUE(answers(u"Rename Profile"_s, u"Journeys"_s));
     ASSERT_TRUE(person.sees(u"Journeys"_s, u"combo box"_s));
-    ASSERT_TRUE(clicks({u"Clear All Bindings"_s, u"Delete All"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"Clear All Bindings"_s, u"Delete All"_s}));
     ASSERT_TRUE(person.sees(u"No tap bindings yet"_s));
 
-    ASSERT_TRUE(clicks({u"Add Binding"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"Add Binding"_s}));
     ASSERT_TRUE(person.isIn(u"New Tap Binding"_s));
     ASSERT_TRUE(person.press(u"ctrl+a"_s) && person.type(u"Mail"_s) && person.press(u"Tab"_s));
     ASSERT_TRUE(person.press(u"f"_s)); // Focus Specific Window
     ASSERT_TRUE(person.sees(u"Applications"_s));
     ASSERT_TRUE(person.press(u"Tab"_s) && person.type(u"debian-xterm"_s)
                 && person.press(u"Return"_s));
-    ASSERT_TRUE(clicks({u"Open windows"_s, u"Record Position"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"Open windows"_s, u"Record Position"_s}));
     ASSERT_TRUE(says(u"PositionRecorder: countdown finished"_s));
     tap(spot);
     ASSERT_TRUE(says(u"PositionRecorder: captured 1/1"_s));
     ASSERT_TRUE(person.sees(u"Re-record Position"_s));
     person.lookAt(u"editor"_s);
-    ASSERT_TRUE(clicks({u"Save"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"Save"_s}));
     ASSERT_TRUE(person.sees(u"Edit Mail"_s));
     person.lookAt(u"tap"_s);
     ASSERT_TRUE(session->windows().activate(editor));
@@ -96,22 +86,22 @@ TEST_P(PersonRoad, ProfilesAndTheirBindings) {
 
     const QString path = desktop.home() + u"/shared.json"_s;
     ASSERT_TRUE(bringBack());
-    ASSERT_TRUE(clicks({u"Export this profile to a file you can share"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"Export this profile to a file you can share"_s}));
     ASSERT_TRUE(person.isIn(u"Export Profile"_s));
     person.lookAt(u"export"_s);
     ASSERT_TRUE(answers(u"Export Profile"_s, path));
     ASSERT_TRUE(desktop.waitFor([&](const DesktopState&) { return QFileInfo::exists(path); }));
     ASSERT_TRUE(person.isIn(u"Brimlow"_s));
-    ASSERT_TRUE(clicks({u"Delete profile"_s, u"Delete Profile"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"Delete profile"_s, u"Delete Profile"_s}));
     ASSERT_TRUE(person.sees(u"Scratch"_s, u"combo box"_s));
     for (const auto& name : {u"Journeys"_s, u"Journeys 2"_s}) {
-        ASSERT_TRUE(clicks({u"Import a profile from a shared file"_s}));
+        ASSERT_TRUE(person.click(QStringList{u"Import a profile from a shared file"_s}));
         ASSERT_TRUE(person.isIn(u"Import Profile"_s) && person.press(u"ctrl+l"_s));
         ASSERT_TRUE(answers(u"Import Profile"_s, path));
         ASSERT_TRUE(person.sees(name, u"combo box"_s));
         ASSERT_TRUE(person.isIn(u"Brimlow"_s));
     }
-    ASSERT_TRUE(clicks({u"Reset to Default Layout (10 positions)"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"Reset to Default Layout (10 positions)"_s}));
     ASSERT_TRUE(person.sees(u"Edit Right 5"_s));
     EXPECT_TRUE(program->stop());
 
@@ -132,7 +122,7 @@ TEST_P(PersonRoad, EverythingHasANameAndIsReachedByKeyboard) {
     start({bindingAt(u"spot"_s, spot.x, spot.y, TapAction::none)});
     ASSERT_TRUE(person.isIn(u"Brimlow"_s));
     EXPECT_TRUE(person.reader().find(u"General"_s, u"radio button"_s)->checked);
-    ASSERT_TRUE(clicks({u"General"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"General"_s}));
     for (const auto& section : {u"General"_s, u"Tap"_s, u"Permissions"_s}) {
         SCOPED_TRACE(section.toStdString());
         if (section != u"General"_s) {
@@ -182,10 +172,10 @@ TEST_P(PersonRoad, PermissionsAreGrantedAndReset) {
     second.setPermissions(0);
     start({});
     ASSERT_TRUE(person.isIn(u"Brimlow"_s));
-    ASSERT_TRUE(clicks({u"Permissions"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"Permissions"_s}));
     ASSERT_TRUE(person.sees(u"Not Granted"_s));
     for (int attempt = 0; attempt < 3; ++attempt) {
-        ASSERT_TRUE(clicks({u"Grant + Open Settings: Accessibility"_s}));
+        ASSERT_TRUE(person.click(QStringList{u"Grant + Open Settings: Accessibility"_s}));
         ASSERT_TRUE(person.isIn(u"Brimlow Access"_s));
         ASSERT_TRUE(person.press(u"Escape"_s) && person.isIn(u"Brimlow"_s));
     }
@@ -197,10 +187,10 @@ TEST_P(PersonRoad, PermissionsAreGrantedAndReset) {
     EXPECT_TRUE(person.seesNo(u"Not Granted"_s));
     EXPECT_TRUE(person.seesNo(u"Grant doesn't seem to be working"_s));
 
-    ASSERT_TRUE(clicks({u"Reset Permissions"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"Reset Permissions"_s}));
     ASSERT_TRUE(person.isIn(u"Reset all permissions for Brimlow?"_s));
     ASSERT_TRUE(person.press(u"Escape"_s));
-    ASSERT_TRUE(clicks({u"Reset Permissions"_s, u"Reset & Relaunch"_s}));
+    ASSERT_TRUE(person.click(QStringList{u"Reset Permissions"_s, u"Reset & Relaunch"_s}));
     EXPECT_EQ(program->waitForEnd(5000), 0);
     EXPECT_FALSE(stored().arrayForKey(u"permissions.grantAttempts.v1"_s));
 }

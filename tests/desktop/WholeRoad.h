@@ -42,6 +42,15 @@ protected:
 
     bool says(const QString& line) { return !program->waitForLine(line, 10000).isEmpty(); }
 
+    /// A window of the program's; 0 as long as it has none.
+    std::uint32_t programWindow() const {
+        const auto state = desktop.state();
+        for (const DesktopWindow& window : state ? state->windows : std::vector<DesktopWindow>())
+            if (window.pid == program->pid())
+                return window.number;
+        return 0;
+    }
+
     /// After a pause, because two taps within 0.3 s count as one.
     void tap(platform::PadPoint point, double pause = 0.35) {
         pad.play(platform::PadScript().tap(point, pause).events());
