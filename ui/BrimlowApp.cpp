@@ -3,12 +3,15 @@
 #include "platform/MainQueue.h"
 #include "platform/NSBundle.h"
 #include "platform/Platform.h"
+#include "platform/SpareMemory.h"
 #include "ui/MainWindowView.h"
 #include "ui/shell/Windows.h"
 #include "ui/style/ApplicationStyle.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QShortcut>
+
+#include <algorithm>
 
 namespace brimlow {
 
@@ -19,6 +22,7 @@ namespace {
 
 constexpr QSize smallest{600, 400};
 constexpr QSize usual{760, 560};
+constexpr double settling = 1.0; // seconds until a start or the end of a window is over
 
 void quit() {
     QCoreApplication::quit();
@@ -44,6 +48,8 @@ void BrimlowApp::launch(Launch launch) {
         openMainWindow();
     if (launch != Launch::withoutDisplay)
         appDelegate_.applicationDidFinishLaunching();
+    if (QWidget* onboarding = appDelegate_.onboardingWindow())
+        QObject::connect(onboarding, &QObject::destroyed, &tray_, [this] { saveMemorySoon(); });
     appliedTapEnabled_ = settings_.tapEnabled();
     coordinator_.start();
     hasLaunched_ = true;
@@ -51,6 +57,7 @@ void BrimlowApp::launch(Launch launch) {
     trayChanges_.observe(settings_);
     trayChanges_.observe(coordinator_.positionMappings);
     updateTray();
+    saveMemorySoon();
 }
 
 void BrimlowApp::reopen() {
@@ -85,10 +92,7 @@ void BrimlowApp::makeMainWindow() {
                                       .fileDialogs = fileDialogs_,
                                       .terminate = quit});
     mainWindow_->setAttribute(Qt::WA_DeleteOnClose); // its memory goes with it
-    QObject::connect(mainWindow_, &QObject::destroyed, qApp, [] {
-        // Later, when it is really gone.
-        Platform::current().mainQueue.async(style::forgetGoneWidgets);
-    });
+    QObject::connect(mainWindow_, &QObject::destroyed, &tray_, [this] { saveMemorySoon(); });
     mainWindow_->setObjectName(u"main-window"_s);
     mainWindow_->setWindowTitle(u"Brimlow"_s);
     fitToText(*mainWindow_, smallest, usual);
@@ -111,6 +115,15 @@ void BrimlowApp::press(QChar keyEquivalent) {
     for (const MenuItem& item : menu())
         if (item.keyEquivalent == keyEquivalent)
             return item.action();
+}
+
+void BrimlowApp::saveMemorySoon() {
+    Platform::current().mainQueue.after(settling, lifetime_.guard([] {
+        if (std::ranges::any_of(QApplication::topLevelWidgets(), &QWidget::isVisible))
+            return;
+        style::forgetGoneWidgets();
+        platform::returnSpareMemory();
+    }));
 }
 
 void BrimlowApp::updateTray() {

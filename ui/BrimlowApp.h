@@ -39,6 +39,8 @@ private:
     void makeMainWindow();
     std::vector<MenuItem> menu();
     void press(QChar keyEquivalent);
+    /// Once no window is open, what only starting or a window needed is given back.
+    void saveMemorySoon();
     void updateTray();
 
     FileDialogs& fileDialogs_;

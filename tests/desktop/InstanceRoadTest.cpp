@@ -22,7 +22,13 @@ protected:
         });
     }
     bool windowGoes() {
-        return desktop.waitFor([this](const DesktopState&) { return !hasWindow(); });
+        return comesTrue([this] { return !hasWindow(); });
+    }
+    /// What the program takes of the machine, in pages.
+    qint64 memory() const {
+        QFile numbers(u"/proc/%1/statm"_s.arg(program->pid()));
+        EXPECT_TRUE(numbers.open(QIODevice::ReadOnly));
+        return numbers.readAll().split(' ').at(1).toLongLong();
     }
     bool press(const QString& key) const { return desktop.run(u"xdotool"_s, {u"key"_s, key}); }
     /// As launchers do it.
@@ -55,7 +61,10 @@ TEST_P(InstanceRoad, ThereIsOneAndItCanAlwaysBeReached) {
     environment.remove(u"BRIMLOW_AUTOSTART"_s);
     EXPECT_EQ(startSecond(environment), 0);
     EXPECT_TRUE(windowComes());
+    const auto open = memory();
     ASSERT_TRUE(press(u"ctrl+w"_s) && windowGoes());
+    EXPECT_TRUE(comesTrue([&] { return memory() < open / 2; }))
+        << "what the window needed goes too";
     tap(right);
     EXPECT_TRUE(workspaceBecomes(1)) << "also without its window";
 

@@ -17,9 +17,6 @@ protected:
         WholeRoad::SetUp();
         panel.emplace(desktop.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s));
     }
-    bool comesTrue(const std::function<bool()>& holds) {
-        return desktop.waitFor([&](const DesktopState&) { return holds(); });
-    }
     /// "✓ Work Control+1", line by line.
     QStringList menu() const {
         QStringList lines;

@@ -40,6 +40,9 @@ protected:
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
+    bool comesTrue(const std::function<bool()>& holds) {
+        return desktop.waitFor([&](const DesktopState&) { return holds(); });
+    }
     bool says(const QString& line) { return !program->waitForLine(line, 10000).isEmpty(); }
 
     /// A window of the program's; 0 as long as it has none.

@@ -6,8 +6,6 @@
 #include <QApplication>
 #include <QPalette>
 
-#include <malloc.h>
-
 namespace brimlow::style {
 
 using namespace Qt::StringLiterals;
@@ -66,7 +64,6 @@ void ApplicationStyle::dress() {
 
 void forgetGoneWidgets() {
     qApp->setStyleSheet(qApp->styleSheet());
-    ::malloc_trim(0);
 }
 
 const Theme& currentTheme() {
