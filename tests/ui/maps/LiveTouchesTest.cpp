@@ -1,3 +1,4 @@
+#include "tests/support/Speed.h"
 #include "ui/controls/Card.h"
 #include "ui/maps/MapCanvas.h"
 #include "ui/maps/TrackpadBindingsMap.h"
@@ -13,11 +14,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <ctime>
 
 namespace brimlow {
 
 using namespace Qt::StringLiterals;
+using test::processorMilliseconds;
 
 namespace {
 
@@ -105,18 +106,12 @@ TEST_F(LiveTouches, TheMapsFollowTheDesktopsScheme) {
     EXPECT_LT(colour().lightness(), 100);
 }
 
-double processorSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
 /// Processor time of 125 frames, a second of what a trackpad delivers, from the setter until it is
 /// in the window's backing store.
 template<typename Map>
 double secondOfFiveFingers(Map& map) {
     constexpr int frames = 250;
-    const double before = processorSeconds();
+    const double before = processorMilliseconds();
     for (int frame = 0; frame < frames; ++frame) {
         std::vector<LiveTouch> touches(5);
         for (int id = 0; id < 5; ++id)
@@ -125,7 +120,7 @@ double secondOfFiveFingers(Map& map) {
         map.setLiveTouches(touches);
         QCoreApplication::processEvents();
     }
-    return (processorSeconds() - before) / frames * 125;
+    return (processorMilliseconds() - before) / 1000 / frames * 125;
 }
 
 TEST_F(LiveTouches, FiveAtThePadsRateCostLittleOfOneCore) {
