@@ -1,5 +1,7 @@
 #include "platform/Platform.h"
 
+#include <QThreadPool>
+
 #include <cstdlib>
 
 namespace brimlow::platform {
@@ -14,6 +16,7 @@ Platform::Platform(const PlatformServices& services)
 }
 
 Platform::~Platform() {
+    QThreadPool::globalInstance()->waitForDone();
     currentPlatform = previous_;
 }
 

@@ -35,6 +35,7 @@ struct PlatformServices {
 /// one, which is current until it is destroyed.
 struct Platform : PlatformServices {
     explicit Platform(const PlatformServices& services);
+    /// Waits for work on the global thread pool, which may look here.
     ~Platform();
     Platform(const Platform&) = delete;
     Platform& operator=(const Platform&) = delete;

@@ -30,10 +30,6 @@ DesktopPlatform::DesktopPlatform()
     QThreadPool::globalInstance()->start([this] { applications_.catalogue(); });
 }
 
-DesktopPlatform::~DesktopPlatform() {
-    QThreadPool::globalInstance()->waitForDone();
-}
-
 platform::PlatformServices DesktopPlatform::services() {
     return {.clock = clock_,
             .mainQueue = mainQueue_,

@@ -27,8 +27,6 @@ namespace brimlow {
 class DesktopPlatform {
 public:
     DesktopPlatform();
-    /// Waits for what looks at the platform on other threads.
-    ~DesktopPlatform();
 
 private:
     platform::PlatformServices services();
@@ -49,7 +47,7 @@ private:
     platform::RuleInstaller installer_;
     AccessSettings settings_;
     platform::DesktopFileViewer fileViewer_;
-    platform::Platform platform_;
+    platform::Platform platform_; // the last: it waits for what uses the others
 };
 
 } // namespace brimlow

@@ -32,10 +32,7 @@ public:
         layout->setContentsMargins(20, 20, 20, 20);
         layout->addWidget(picker_);
     }
-    ~PickerScene() override {
-        delete picker_;
-        QThreadPool::globalInstance()->waitForDone();
-    }
+    ~PickerScene() override { delete picker_; }
 
     Picker& picker() { return *picker_; }
     test::TestPlatform& world() { return world_; }

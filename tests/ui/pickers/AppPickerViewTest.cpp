@@ -33,7 +33,6 @@ struct AppPicker : testing::Test {
         QObject::connect(&view, &AppPickerView::selectedBundleIdChanged, &view,
                          [this](const auto& id) { chosen << id.value_or(u"none"_s); });
     }
-    ~AppPicker() override { QThreadPool::globalInstance()->waitForDone(); }
 
     void finishScan() {
         QThreadPool::globalInstance()->waitForDone();
