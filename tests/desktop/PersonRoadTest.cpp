@@ -120,7 +120,7 @@ TEST_P(PersonRoad, ProfilesAndTheirBindings) {
 
 TEST_P(PersonRoad, EverythingHasANameAndIsReachedByKeyboard) {
     start({bindingAt(u"spot"_s, spot.x, spot.y, TapAction::none)});
-    ASSERT_TRUE(person.isIn(u"Brimlow"_s));
+    ASSERT_TRUE(person.isIn(u"Brimlow"_s) && person.sees(u"General"_s, u"radio button"_s));
     EXPECT_TRUE(person.reader().find(u"General"_s, u"radio button"_s)->checked);
     ASSERT_TRUE(person.click(QStringList{u"General"_s}));
     for (const auto& section : {u"General"_s, u"Tap"_s, u"Permissions"_s}) {
