@@ -1,6 +1,7 @@
 #include "tools/demo/Demonstration.h"
 
 #include <QDir>
+#include <QFile>
 #include <QThread>
 
 #include <algorithm>
@@ -15,6 +16,21 @@ namespace {
 constexpr int patience = 10000;   // ms that a step may come late on a loaded machine
 constexpr int settleLimit = 3000; // ms for the window manager to follow
 constexpr int paintLimit = 500;   // ms for a window that is in front to be painted
+
+// What the windows hold: their pictures are shown to people.
+const QString releaseLog = u"$ make release 2>&1 | tee release.log\n"
+                           "[211/214] Compiling player.c\n"
+                           "[212/214] Compiling waveform.c\n"
+                           "[213/214] Linking studio\n"
+                           "[214/214] Packing studio-2.4.tar.gz\n"
+                           "Built in 48 s, all 96 checks passed.\n"_s;
+const QString inbox = u"  1   09:12  Design      Icons for the release\n"
+                      "  2 N 09:40  Packaging   Studio 2.4 is ready to upload\n"
+                      "  3 N 10:05  Calendar    Review at eleven\n"_s;
+constexpr auto notesText = "Release 2.4\n\n"
+                           "- icons in both sizes\n"
+                           "- upload once the build is through\n"
+                           "- tell the list, thank the translators\n";
 
 void say(const QString& text) {
     std::printf("%s\n", text.toUtf8().constData());
@@ -49,16 +65,25 @@ QString Demonstration::prepare() {
 }
 
 QString Demonstration::openWindows() {
-    windows_.build = openTerminal(u"build — release.log"_s, 2);
-    windows_.inbox = openTerminal(u"Inbox — Work"_s, 3);
-    windows_.editor = desktop_.openWindow(u"mousepad"_s);
-    windows_.shell = openTerminal(u"shell"_s, 0);
+    desktop_.run(u"xsetroot"_s, {u"-solid"_s, u"#5b7590"_s});
+    windows_.build = openTerminal(u"build — release.log"_s, releaseLog, 2);
+    windows_.inbox = openTerminal(u"Inbox — Work"_s, inbox, 3);
+    const QString notes = desktop_.environment().value(u"HOME"_s) + u"/notes.txt"_s;
+    QFile file(notes);
+    if (!file.open(QIODevice::WriteOnly) || file.write(notesText) < 0 || !file.flush())
+        return u"%1 cannot be written"_s.arg(notes);
+    windows_.editor = desktop_.openWindow(u"mousepad"_s, {notes});
+    windows_.shell = openTerminal(u"shell"_s, {}, 0);
     return windows_.build && windows_.inbox && windows_.editor && windows_.shell ? QString()
                                                                                  : desktop_.error();
 }
 
-std::uint32_t Demonstration::openTerminal(const QString& title, int workspace) {
-    const auto number = desktop_.openWindow(u"xterm"_s, {u"-T"_s, title});
+std::uint32_t Demonstration::openTerminal(const QString& title, const QString& text,
+                                          int workspace) {
+    const auto number = desktop_.openWindow(
+        u"xterm"_s, {u"-T"_s, title, u"-fa"_s, u"Monospace"_s, u"-fs"_s, u"11"_s, u"-bg"_s,
+                     u"#1e2430"_s, u"-fg"_s, u"#d8dee9"_s, u"-e"_s, u"sh"_s, u"-c"_s,
+                     u"printf %s \"$1\"; PS1='$ ' exec sh"_s, u"sh"_s, text});
     desktop_.run(u"wmctrl"_s,
                  {u"-i"_s, u"-r"_s, QString::number(number), u"-t"_s, QString::number(workspace)});
     const bool moved = desktop_.waitFor([&](const DesktopState& now) {

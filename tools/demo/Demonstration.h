@@ -36,7 +36,7 @@ public:
 
 private:
     QString openWindows();
-    std::uint32_t openTerminal(const QString& title, int workspace);
+    std::uint32_t openTerminal(const QString& title, const QString& text, int workspace);
     DemoResult runStep(const DemoStep& step);
     void focusApplication();
     bool ownWindowInFront(const DesktopState& now) const;
