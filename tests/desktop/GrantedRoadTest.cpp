@@ -26,7 +26,7 @@ TEST_P(GrantedRoad, AskingTakesNoFocusAndTapsArriveOnceItIsGranted) {
     const auto terminal = openTerminal(u"work"_s);
     ASSERT_TRUE(becomesActive(terminal));
     start({bindingAt(u"right"_s, right.x, right.y, TapAction::switchDesktopRight)});
-    ASSERT_TRUE(desktop.waitFor([&](const DesktopState&) { return programWindow() != 0; }));
+    ASSERT_TRUE(comesTrue([&] { return hasWindow(); }));
     const auto asking = programWindow();
     tap(right);
     ASSERT_TRUE(says(u"Accessibility NOT granted — prompted user"_s));
@@ -56,7 +56,7 @@ TEST_P(GrantedRoad, WhereNoTapCanAskTheStartDoes) {
     const auto terminal = openTerminal(u"work"_s);
     ASSERT_TRUE(becomesActive(terminal));
     start({bindingAt(u"right"_s, right.x, right.y, TapAction::switchDesktopRight)});
-    ASSERT_TRUE(desktop.waitFor([&](const DesktopState&) { return programWindow() != 0; }));
+    ASSERT_TRUE(comesTrue([&] { return hasWindow(); }));
     EXPECT_EQ(desktop.state()->activeWindow, terminal);
     pad.setPermissions(0600);
     second.setPermissions(0600);

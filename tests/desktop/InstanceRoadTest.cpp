@@ -14,7 +14,6 @@ constexpr platform::PadPoint right{0.95, 0.5};
 /// The program as it is after login, and ways to come back to it.
 class InstanceRoad : public WholeRoad {
 protected:
-    bool hasWindow() const { return programWindow() != 0; }
     bool windowComes() {
         return desktop.waitFor([this](const DesktopState& now) {
             const auto* window = now.window(now.activeWindow);
@@ -92,7 +91,7 @@ TEST_P(InstanceRoad, TheBusStartsItForALauncher) {
         return outputOf(u"xdotool"_s, {u"getactivewindow"_s, u"getwindowname"_s},
                         desktop.environment());
     };
-    EXPECT_TRUE(desktop.waitFor([&](const DesktopState&) { return active() == "Brimlow\n"; }));
+    EXPECT_TRUE(comesTrue([&] { return active() == "Brimlow\n"; }));
     ASSERT_TRUE(press(u"ctrl+q"_s));
     EXPECT_TRUE(desktop.waitFor([](const DesktopState& now) { return now.windows.empty(); }));
 }

@@ -32,7 +32,6 @@ protected:
         }
         return lines;
     }
-    bool hasWindow() const { return programWindow() != 0; }
 
     int argumentCount = 0;
     QCoreApplication application{argumentCount, nullptr};

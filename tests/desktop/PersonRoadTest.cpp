@@ -90,7 +90,7 @@ TEST_P(PersonRoad, ProfilesAndTheirBindings) {
     ASSERT_TRUE(person.isIn(u"Export Profile"_s));
     person.lookAt(u"export"_s);
     ASSERT_TRUE(answers(u"Export Profile"_s, path));
-    ASSERT_TRUE(desktop.waitFor([&](const DesktopState&) { return QFileInfo::exists(path); }));
+    ASSERT_TRUE(comesTrue([&] { return QFileInfo::exists(path); }));
     ASSERT_TRUE(person.isIn(u"Brimlow"_s));
     ASSERT_TRUE(person.click(QStringList{u"Delete profile"_s, u"Delete Profile"_s}));
     ASSERT_TRUE(person.sees(u"Scratch"_s, u"combo box"_s));

@@ -40,6 +40,7 @@ protected:
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
+    bool hasWindow() const { return programWindow() != 0; }
     bool comesTrue(const std::function<bool()>& holds) {
         return desktop.waitFor([&](const DesktopState&) { return holds(); });
     }

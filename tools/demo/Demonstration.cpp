@@ -68,7 +68,7 @@ QString Demonstration::openWindows() {
     desktop_.run(u"xsetroot"_s, {u"-solid"_s, u"#5b7590"_s});
     windows_.build = openTerminal(u"build — release.log"_s, releaseLog, 2);
     windows_.inbox = openTerminal(u"Inbox — Work"_s, inbox, 3);
-    const QString notes = desktop_.environment().value(u"HOME"_s) + u"/notes.txt"_s;
+    const QString notes = desktop_.home() + u"/notes.txt"_s;
     QFile file(notes);
     if (!file.open(QIODevice::WriteOnly) || file.write(notesText) < 0 || !file.flush())
         return u"%1 cannot be written"_s.arg(notes);
