@@ -6,16 +6,35 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <ctime>
 
 namespace brimlow::platform {
 
 namespace {
 
-int wakeDescriptor = -1; // for the handler, which can reach nothing else
+// For the handler, which can reach nothing else.
+int wakeDescriptor = -1;
+std::time_t firstAsked = 0; // s, monotonic
 
-void wake(int) {
-    const std::uint64_t one = 1;
-    [[maybe_unused]] const auto written = ::write(wakeDescriptor, &one, sizeof one);
+/// Whoever passes signals on, as timeout does, sends one to us and one to our process group: a copy
+/// of the first is not a second wish.
+bool isCopy() {
+    constexpr std::time_t patience = 1; // s
+    std::timespec now{};
+    ::clock_gettime(CLOCK_MONOTONIC, &now);
+    if (firstAsked == 0)
+        firstAsked = now.tv_sec;
+    return now.tv_sec - firstAsked <= patience;
+}
+
+void handle(int number) {
+    if (isCopy()) {
+        const std::uint64_t one = 1;
+        [[maybe_unused]] const auto written = ::write(wakeDescriptor, &one, sizeof one);
+        return;
+    }
+    std::signal(number, SIG_DFL);
+    std::raise(number); // as soon as this handler has returned
 }
 
 } // namespace
@@ -29,8 +48,11 @@ EndSignals::EndSignals()
         QCoreApplication::quit();
     });
     struct sigaction action {};
-    action.sa_handler = wake;
-    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+    action.sa_handler = handle;
+    action.sa_flags = SA_RESTART;
+    ::sigemptyset(&action.sa_mask);
+    for (const int number : {SIGINT, SIGTERM})
+        ::sigaddset(&action.sa_mask, number);
     for (const int number : {SIGINT, SIGTERM})
         ::sigaction(number, &action, nullptr);
 }

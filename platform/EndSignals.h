@@ -7,8 +7,8 @@
 namespace brimlow::platform {
 
 /// Ctrl+C and SIGTERM as an ordinary end of the application, after which everything is cleared
-/// away; the second of them ends it at once. One per process, on the main thread, made after the
-/// application.
+/// away; another one, two seconds or more later, ends it at once. One per process, on the main
+/// thread, made after the application.
 class EndSignals {
 public:
     EndSignals();
