@@ -13,56 +13,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList needed{
-    u"accessibility"_s,
-    u"app.badge"_s,
-    u"app.fill"_s,
-    u"app"_s,
-    u"arrow.clockwise"_s,
-    u"arrow.clockwise.circle.fill"_s,
-    u"arrow.left.circle"_s,
-    u"arrow.counterclockwise"_s,
-    u"arrow.right.circle"_s,
-    u"arrow.up.right.square"_s,
-    u"bolt.horizontal"_s,
-    u"checkmark.circle.fill"_s,
-    u"checkmark"_s,
-    u"chevron.down"_s,
-    u"display"_s,
-    u"doc.on.doc"_s,
-    u"eye.slash"_s,
-    u"exclamationmark.triangle.fill"_s,
-    u"gear"_s,
-    u"hand.tap.fill"_s,
-    u"hand.tap"_s,
-    u"info.circle.fill"_s,
-    u"info.circle"_s,
-    u"keyboard"_s,
-    u"lock.fill"_s,
-    u"lock.shield"_s,
-    u"lock"_s,
-    u"macwindow.badge.plus"_s,
-    u"macwindow"_s,
-    u"macwindow.on.rectangle"_s,
-    u"magnifyingglass"_s,
-    u"nosign"_s,
-    u"pencil"_s,
-    u"plus.circle.fill"_s,
-    u"plus"_s,
-    u"power.circle"_s,
-    u"questionmark.circle.fill"_s,
-    u"record.circle.fill"_s,
-    u"rectangle.dashed.badge.record"_s,
-    u"rectangle.split.2x1"_s,
-    u"square.and.arrow.down"_s,
-    u"square.and.arrow.up"_s,
-    u"terminal"_s,
-    u"trackpad"_s,
-    u"trash"_s,
-    u"xmark.square"_s,
-    u"wrench.and.screwdriver"_s,
-    u"xmark.circle.fill"_s,
-};
+constexpr auto needed = R"(
+    accessibility app app.badge app.fill arrow.clockwise arrow.clockwise.circle.fill
+    arrow.counterclockwise arrow.left.circle arrow.right.circle arrow.up.right.square
+    bolt.horizontal checkmark checkmark.circle.fill chevron.down display doc.on.doc
+    exclamationmark.triangle.fill eye.slash gear hand.tap hand.tap.fill info.circle
+    info.circle.fill keyboard lock lock.fill lock.shield macwindow macwindow.badge.plus
+    macwindow.on.rectangle magnifyingglass nosign pencil plus plus.circle.fill power.circle
+    questionmark.circle.fill record.circle.fill rectangle.dashed.badge.record
+    rectangle.split.2x1 square.and.arrow.down square.and.arrow.up terminal trackpad trash
+    wrench.and.screwdriver xmark.circle.fill xmark.square
+)"_L1;
 
 struct Ink {
     int pixels = 0;
@@ -88,7 +49,7 @@ Ink inkOf(const QImage& image, QRgb colour) {
 
 TEST(Symbols, AllAreDrawnInsideOfTheirBoxInTheColourAskedFor) {
     const QColor colour(0x1F62C8);
-    for (const QString& name : needed)
+    for (const QString& name : QString(needed).simplified().split(u' '))
         for (const int size : {16, 22, 28})
             for (const double ratio : {1.0, 1.5, 2.0}) {
                 SCOPED_TRACE(name.toStdString() + " " + std::to_string(size) + "@"
@@ -104,10 +65,9 @@ TEST(Symbols, AllAreDrawnInsideOfTheirBoxInTheColourAskedFor) {
 }
 
 TEST(Symbols, AreKeptAndAnUnknownOneIsEmpty) {
-    const auto draw = [](QRgb colour) { return symbol(u"gear"_s, QColor(colour), 16, 1); };
-    EXPECT_EQ(draw(0).cacheKey(), draw(0).cacheKey());
-    EXPECT_NE(draw(0).cacheKey(), draw(1).cacheKey());
-    EXPECT_TRUE(symbol(u"no.such"_s, Qt::black, 16, 1).isNull());
+    const auto draw = [](const QString& name) { return symbol(name, Qt::black, 16, 1); };
+    EXPECT_EQ(draw(u"gear"_s).cacheKey(), draw(u"gear"_s).cacheKey());
+    EXPECT_TRUE(draw(u"no.such"_s).isNull());
 }
 
 TEST(Symbols, AnIconTakesTheColourOfTheThemeThatIsCurrent) {
