@@ -1,18 +1,20 @@
 #include "ui/editor/BindingEditorSheet.h"
 
 #include "tests/support/TestPlatform.h"
+#include "tests/ui/pickers/Shown.h"
+#include "ui/editor/EditorTexts.h"
 #include "ui/style/ApplicationStyle.h"
 
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSlider>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <set>
 
 namespace brimlow::test {
 namespace {
@@ -53,18 +55,8 @@ struct Editor : testing::Test {
                 return each;
         return nullptr;
     }
-    QPushButton* button(const QString& text) {
-        for (auto* each : sheet->findChildren<QPushButton*>())
-            if (each->text() == text && each->isVisible())
-                return each;
-        return nullptr;
-    }
-    bool shows(const QString& text) {
-        for (const auto* label : sheet->findChildren<QLabel*>())
-            if (label->isVisible() && label->text() == text)
-                return true;
-        return false;
-    }
+    QPushButton* button(const QString& text) { return shownButton(*sheet, text); }
+    bool shows(const QString& text) { return shownTexts(*sheet).contains(text); }
     void choose(TapAction action) {
         auto* menu = named<QComboBox>(u"Action"_s);
         const auto offered = BindingDraft::offeredActions();
@@ -75,7 +67,7 @@ struct Editor : testing::Test {
     }
 };
 
-TEST_F(Editor, AnUntouchedNewBindingIsSavedByReturn) {
+TEST_F(Editor, ANewBindingNeedsNoMoreThanANameAndReturn) {
     open(BindingDraft::create());
     EXPECT_EQ(button(u"Delete"_s), nullptr);
     auto* name = named<QLineEdit>(u"Name"_s);
@@ -88,8 +80,11 @@ TEST_F(Editor, AnUntouchedNewBindingIsSavedByReturn) {
     QTest::keyClicks(name, u"Corner "_s);
     QTest::keyClick(name, Qt::Key_Return);
     ASSERT_EQ(count(), 1U);
+    EXPECT_FALSE(stored().id.isNull());
     EXPECT_EQ(stored().name, u"Corner"_s);
     EXPECT_EQ(stored().action, TapAction::switchDesktopRight);
+    EXPECT_EQ(stored().explicitMatchRadius, 0.1);
+    EXPECT_FALSE(stored().lastRecordedAt) << "nothing was recorded";
     EXPECT_EQ(dismissals, 1);
 }
 
@@ -108,12 +103,13 @@ TEST_F(Editor, RecordingTakesTheNextTapAndNothingElse) {
     recorder.captureTap(0.25, 0.75);
     world.time.run();
     EXPECT_TRUE(shows(u"Recorded at x=0.2500  y=0.7500"_s));
-    EXPECT_TRUE(shows(u"Recorded"_s));
     EXPECT_FALSE(recorder.isComplete);
     EXPECT_EQ(stored().samples.size(), 3U) << "nothing is stored before Save";
+    const auto recordedAt = world.time.wallClock();
+    world.time.advance(5);
     button(u"Save"_s)->click();
     EXPECT_EQ(stored().samples, (std::vector<TapSample>{{0.25, 0.75}}));
-    EXPECT_EQ(stored().lastRecordedAt, world.time.wallClock());
+    EXPECT_EQ(stored().lastRecordedAt, recordedAt);
 }
 
 TEST_F(Editor, HoweverItGoesAwayNoRecordingGoesOnAndNothingIsStored) {
@@ -133,13 +129,14 @@ TEST_F(Editor, HoweverItGoesAwayNoRecordingGoesOnAndNothingIsStored) {
     EXPECT_EQ(stored(), binding);
 }
 
-TEST_F(Editor, NumbersThatNoSliderReachesStayUntilItIsMoved) {
-    const auto binding = add(TapAction::closeWindow);
+TEST_F(Editor, WhatItDoesNotOfferStaysUntilItIsChanged) {
+    const auto binding = add(TapAction::customCommand);
     open(BindingDraft::edit(binding));
     EXPECT_TRUE(shows(u"0.900  (≈ 90% of trackpad)"_s));
     sheet->save();
-    EXPECT_EQ(stored().explicitMatchRadius, 0.9);
-    EXPECT_EQ(stored().minimumPressure, 7);
+    auto expected = binding;
+    expected.lastRecordedAt = world.time.wallClock();
+    EXPECT_EQ(stored(), expected);
 
     open(BindingDraft::edit(binding));
     QTest::keyClick(named<QSlider>(u"Match Radius"_s), Qt::Key_Left);
@@ -149,22 +146,17 @@ TEST_F(Editor, NumbersThatNoSliderReachesStayUntilItIsMoved) {
     sheet->save();
     EXPECT_EQ(stored().explicitMatchRadius, 0.295);
     EXPECT_EQ(stored().minimumPressure, 0);
+
+    open(BindingDraft::edit(binding));
+    button(u"Delete"_s)->click();
+    EXPECT_EQ(count(), 0U);
+    EXPECT_EQ(dismissals, 3);
 }
 
-TEST_F(Editor, ChoosingTheToggleAsksForAClickAndWarnsWithoutOne) {
-    open(BindingDraft::create());
-    auto* click = named<QCheckBox>(u"Require trackpad click"_s);
-    EXPECT_FALSE(click->isChecked());
-    choose(TapAction::toggleBrimlow);
-    EXPECT_TRUE(click->isChecked());
-    QTest::keyClick(click, Qt::Key_Space);
-    EXPECT_FALSE(click->isChecked());
-    EXPECT_TRUE(shows(u"Heads up: with click off, a stray tap on this spot can disable tap "
-                      u"detection. Tapping the same spot again re-enables it — even while "
-                      u"detection is off, Toggle Brimlow stays live."_s));
-}
-
-TEST_F(Editor, AnApplicationIsAskedForWhereOneIsNeeded) {
+TEST_F(Editor, TheActionDecidesWhatElseIsAskedFor) {
+    const QString warning = u"Heads up: with click off, a stray tap on this spot can disable tap "
+                            u"detection. Tapping the same spot again re-enables it — even while "
+                            u"detection is off, Toggle Brimlow stays live."_s;
     open(BindingDraft::create());
     choose(TapAction::openApp);
     EXPECT_TRUE(shows(u"App to Open"_s));
@@ -174,28 +166,39 @@ TEST_F(Editor, AnApplicationIsAskedForWhereOneIsNeeded) {
     EXPECT_TRUE(shows(u"App"_s));
     EXPECT_TRUE(shows(u"Target Window"_s));
     EXPECT_FALSE(button(u"Save"_s)->isEnabled());
-    choose(TapAction::hideAll);
+    auto* click = named<QCheckBox>(u"Require trackpad click"_s);
+    EXPECT_FALSE(click->isChecked());
+    choose(TapAction::toggleBrimlow);
     EXPECT_FALSE(shows(u"App"_s));
     EXPECT_TRUE(button(u"Save"_s)->isEnabled());
+    EXPECT_TRUE(click->isChecked());
+    EXPECT_FALSE(shows(warning));
+    QTest::keyClick(click, Qt::Key_Space);
+    EXPECT_TRUE(shows(warning));
+    choose(TapAction::hideAll);
+    EXPECT_FALSE(shows(warning));
+}
+
+TEST(EditorTexts, WordPressureFromItsLowerEnd) {
+    EXPECT_EQ(pressureReadout(0.0499), u"0.05  (any touch)"_s);
+    EXPECT_EQ(pressureReadout(0.05), u"0.05  (light)"_s);
+    EXPECT_EQ(pressureReadout(0.25), u"0.25  (medium)"_s);
+    EXPECT_EQ(pressureReadout(0.55), u"0.55  (firm)"_s);
+    EXPECT_EQ(pressureReadout(0.85), u"0.85  (very firm)"_s);
 }
 
 TEST_F(Editor, TheKeyboardReachesEverythingAndAScreenReaderNamesIt) {
     open(BindingDraft::edit(add(TapAction::focusWindow)));
-    std::vector<QWidget*> reached;
-    for (QWidget* at = QApplication::focusWidget();
-         at && std::ranges::find(reached, at) == reached.end(); at = QApplication::focusWidget()) {
-        reached.push_back(at);
-        const auto* accessible = QAccessible::queryAccessibleInterface(at);
-        ASSERT_TRUE(accessible);
-        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty())
-            << at->metaObject()->className();
-        QTest::keyClick(at, Qt::Key_Tab);
+    std::set<QWidget*> reached;
+    while (reached.insert(QApplication::focusWidget()).second)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    for (auto* each : sheet->findChildren<QWidget*>()) {
+        if (!each->isVisible() || !each->isEnabled() || !(each->focusPolicy() & Qt::TabFocus))
+            continue;
+        const auto name = QAccessible::queryAccessibleInterface(each)->text(QAccessible::Name);
+        EXPECT_NE(name, QString()) << each->metaObject()->className();
+        EXPECT_TRUE(reached.contains(each)) << name.toStdString();
     }
-    for (auto* each : sheet->findChildren<QWidget*>())
-        if (each->isVisible() && each->isEnabled() && (each->focusPolicy() & Qt::TabFocus)) {
-            EXPECT_NE(std::ranges::find(reached, each), reached.end())
-                << each->metaObject()->className() << ' ' << each->accessibleName().toStdString();
-        }
     EXPECT_GE(reached.size(), 10U);
 }
 
@@ -203,8 +206,6 @@ TEST_F(Editor, TextOfAnySizeAndLengthFits) {
     TapPositionMapping binding{.id = QUuid::createUuid(), .action = TapAction::openApp};
     binding.name = QString(10'000, u'W') + u"\nשלום e\u0301"_s;
     binding.appName = QString(10'000, u'x');
-    for (int at = 0; at < 3000; ++at)
-        binding.samples.push_back({at / 3000.0, 0.5});
     binding.explicitMatchRadius = 1e300;
     store.add(binding);
     open(BindingDraft::edit(binding));
@@ -214,26 +215,17 @@ TEST_F(Editor, TextOfAnySizeAndLengthFits) {
 
     style::ApplicationStyle large({.textScale = 2});
     open(BindingDraft::create());
-    for (auto* each : sheet->findChildren<QWidget*>()) {
-        const auto* label = qobject_cast<QLabel*>(each);
-        if (!each->isVisible() || !(label || qobject_cast<QAbstractButton*>(each)))
-            continue;
-        EXPECT_GE(each->height(), label && label->wordWrap() ? label->heightForWidth(label->width())
-                                                             : each->minimumSizeHint().height())
-            << each->metaObject()->className() << ' '
-            << (label ? label->text().toStdString() : std::string());
-    }
-}
-
-TEST_F(Editor, AnActionThatIsNotOfferedSurvivesAndDeleteNeedsNoQuestion) {
-    const auto binding = add(TapAction::customCommand);
-    open(BindingDraft::edit(binding));
-    sheet->save();
-    EXPECT_EQ(stored().action, TapAction::customCommand);
-    open(BindingDraft::edit(binding));
-    button(u"Delete"_s)->click();
-    EXPECT_EQ(count(), 0U);
-    EXPECT_EQ(dismissals, 2);
+    for (auto* each : sheet->findChildren<QAbstractButton*>())
+        if (each->isVisible()) {
+            EXPECT_GE(each->height(), each->minimumSizeHint().height())
+                << each->text().toStdString();
+        }
+    for (auto* each : sheet->findChildren<QLabel*>())
+        if (each->isVisible()) {
+            EXPECT_GE(each->height(), each->wordWrap() ? each->heightForWidth(each->width())
+                                                       : each->minimumSizeHint().height())
+                << each->text().toStdString();
+        }
 }
 
 } // namespace
