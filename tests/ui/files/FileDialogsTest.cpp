@@ -4,13 +4,14 @@
 #include "ui/files/DesktopFileDialogs.h"
 #include "ui/files/PortalFilter.h"
 
-#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <optional>
 
 namespace brimlow {
 namespace {
@@ -23,6 +24,7 @@ protected:
     FileDialogsTest() { window->show(); }
 
     void ask(FileTask task, const QString& name = u"Brimlow-a.json"_s) {
+        answers.clear();
         const FileDialogs::Request request{window.get(), u"Title"_s, u"application/json"_s, name};
         const auto keep = [this](const FileDialogs::Answer& answer) {
             EXPECT_FALSE(QApplication::activeModalWidget()) << "the window still waits";
@@ -50,9 +52,6 @@ protected:
 
 TEST_F(FileDialogsTest, WithoutABusAreQts) {
     const QTemporaryDir folder;
-    QFile existing(folder.filePath(u"b.json"_s));
-    ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
-
     ask(FileTask::save, u"a \"b\" 100%.json"_s);
     EXPECT_FALSE(qtDialog()) << "has waited";
     ASSERT_TRUE(falls());
@@ -68,19 +67,10 @@ TEST_F(FileDialogsTest, WithoutABusAreQts) {
 
     ask(FileTask::open);
     ASSERT_TRUE(falls());
-    qtDialog()->setDirectory(folder.path());
-    name = qtDialog()->findChild<QLineEdit*>();
-    name->setText(u"b.json"_s);
-    QTest::keyClick(name, Qt::Key_Return);
-    ASSERT_TRUE(soon([&] { return answers.size() == 2; }));
-    EXPECT_EQ(answers[1].path, existing.fileName());
-
-    ASSERT_TRUE(soon([&] { return !qtDialog(); }));
-    ask(FileTask::open);
-    ASSERT_TRUE(falls());
+    EXPECT_EQ(qtDialog()->fileMode(), QFileDialog::ExistingFile);
     QTest::keyClick(qtDialog(), Qt::Key_Escape);
-    ASSERT_TRUE(soon([&] { return answers.size() == 3; }));
-    EXPECT_EQ(answers[2].path + answers[2].error, QString());
+    ASSERT_TRUE(isAnswered());
+    EXPECT_EQ(answers[0].path + answers[0].error, QString());
 }
 
 TEST_F(FileDialogsTest, OfQtGoWithTheirParentAndTheirMaker) {
@@ -101,46 +91,40 @@ class PortalFileDialogs : public FileDialogsTest {
 protected:
     void SetUp() override {
         ASSERT_EQ(bus.start(QProcessEnvironment::systemEnvironment()), QString());
-        portal = std::make_unique<FakeFileChooser>(connection(u"portal"_s));
-        dialogs = std::make_unique<DesktopFileDialogs>(connection(u"application"_s));
+        portal.emplace(QDBusConnection::connectToBus(bus.address(), u"portal"_s));
+        dialogs = std::make_unique<DesktopFileDialogs>(
+            QDBusConnection::connectToBus(bus.address(), u"application"_s));
     }
     void TearDown() override {
         dialogs.reset();
         portal.reset();
-        for (const QString& name : names)
+        for (const QString& name : {u"portal"_s, u"application"_s})
             QDBusConnection::disconnectFromBus(name);
     }
 
-    QDBusConnection connection(const QString& name) {
-        names << name;
-        return QDBusConnection::connectToBus(bus.address(), name);
-    }
     /// Until the portal's dialog is there.
     bool opens(FileTask task, const QString& name = u"Brimlow-a.json"_s) {
-        portal->method.clear();
-        answers.clear();
+        portal->call = {};
         ask(task, name);
-        const bool came = soon([&] { return !portal->method.isEmpty(); });
+        const bool came = soon([&] { return !portal->call.member().isEmpty(); });
         QTest::qWait(50); // for its reply
         return came;
     }
 
     QTemporaryDir folder;
     desktop::PrivateBus bus{folder.path()};
-    QStringList names;
-    std::unique_ptr<FakeFileChooser> portal;
+    std::optional<FakeFileChooser> portal;
 };
 
 TEST_F(PortalFileDialogs, AreAskedForWhatTheRequestSays) {
     ASSERT_TRUE(opens(FileTask::save, QString(300, u'a') + u".json"_s));
-    EXPECT_EQ(portal->method, u"SaveFile");
-    EXPECT_EQ(portal->parentName, QString()) << "is not on X11";
-    EXPECT_EQ(portal->options.value(u"current_name"_s).toString(), QString(250, u'a') + u".json"_s);
-    EXPECT_EQ(portal->options.value(u"modal"_s), true);
-    registerPortalFilter();
-    const auto filters = qdbus_cast<QList<PortalFilter>>(portal->options.value(u"filters"_s));
+    EXPECT_EQ(portal->call.member(), u"SaveFile");
+    EXPECT_EQ(portal->call.arguments().value(0), QString()) << "is not on X11";
+    const auto options = portal->options();
+    EXPECT_EQ(options[u"current_name"_s].toString(), QString(250, u'a') + u".json"_s);
+    EXPECT_EQ(options[u"modal"_s], true);
+    const auto filters = qdbus_cast<QList<PortalFilter>>(options[u"filters"_s]);
     ASSERT_EQ(filters.size(), 1);
-    EXPECT_FALSE(filters[0].name.isEmpty());
     ASSERT_EQ(filters[0].rules.size(), 2);
     EXPECT_EQ(filters[0].rules[0].pattern, u"application/json");
     EXPECT_EQ(filters[0].rules[1].pattern, u"*.json");
@@ -159,44 +143,37 @@ TEST_F(PortalFileDialogs, AreAskedForWhatTheRequestSays) {
 }
 
 TEST_F(PortalFileDialogs, AnswerWithWhatCame) {
+    portal->namesRequestsItself = true;
     struct Row {
         uint code;
         QStringList uris;
         QString path;
         bool fails;
     };
-    for (const Row& row :
-         {Row{0, {u"file:///a"_s, u"file:///b"_s}, u"/a"_s, false}, Row{1, {}, {}, false},
-          Row{1, {u"file:///a"_s}, {}, false}, Row{2, {}, {}, false}, Row{7, {}, {}, false},
-          Row{0, {}, {}, true}, Row{0, {u"sftp://host/a"_s}, {}, true}}) {
+    for (const auto& [code, uris, path, fails] :
+         {Row{0, {u"file:///a"_s, u"file:///b"_s}, u"/a"_s, false},
+          Row{2, {u"file:///a"_s}, {}, false}, Row{0, {}, {}, true},
+          Row{0, {u"sftp://host/a"_s}, {}, true}}) {
         ASSERT_TRUE(opens(FileTask::open));
-        EXPECT_EQ(portal->method, u"OpenFile");
-        portal->respond(row.code, row.uris);
+        EXPECT_EQ(portal->call.member(), u"OpenFile");
+        portal->respond(code, uris);
         ASSERT_TRUE(isAnswered());
-        EXPECT_EQ(answers[0].path, row.path);
-        EXPECT_EQ(answers[0].error.isEmpty(), !row.fails) << row.code;
+        EXPECT_EQ(answers[0].path, path);
+        EXPECT_EQ(answers[0].error.isEmpty(), !fails) << code;
     }
 }
 
-TEST_F(PortalFileDialogs, MayBeWhereAnOldPortalPutsThem) {
-    portal->namesRequestsItself = true;
-    ASSERT_TRUE(opens(FileTask::open));
-    portal->respond(0, {u"file:///a"_s});
-    ASSERT_TRUE(isAnswered());
-    EXPECT_EQ(answers[0].path, u"/a");
-}
-
 TEST_F(PortalFileDialogs, FailWhereThePortalOrTheBusGoes) {
-    ASSERT_TRUE(opens(FileTask::open));
-    portal->vanish();
-    ASSERT_TRUE(isAnswered());
-    EXPECT_FALSE(answers[0].error.isEmpty());
-
-    portal = std::make_unique<FakeFileChooser>(connection(u"another"_s));
-    ASSERT_TRUE(opens(FileTask::open));
-    bus.stop();
-    ASSERT_TRUE(isAnswered());
-    EXPECT_FALSE(answers[0].error.isEmpty());
+    for (const bool busGoes : {false, true}) {
+        portal.emplace(QDBusConnection(u"portal"_s));
+        ASSERT_TRUE(opens(FileTask::open));
+        if (busGoes)
+            bus.stop();
+        else
+            portal->vanish();
+        ASSERT_TRUE(isAnswered());
+        EXPECT_FALSE(answers[0].error.isEmpty());
+    }
 }
 
 TEST_F(PortalFileDialogs, AreClosedWithTheirParentAndTheirMaker) {
@@ -216,12 +193,6 @@ TEST_F(PortalFileDialogs, AreClosedWithTheirParentAndTheirMaker) {
 }
 
 TEST_F(PortalFileDialogs, AreQtsWhereThePortalShowsNone) {
-    portal->error = u"org.freedesktop.DBus.Error.UnknownMethod"_s;
-    ask(FileTask::open);
-    EXPECT_TRUE(falls());
-    delete qtDialog();
-
-    portal->error.clear();
     portal->silent = true;
     ASSERT_TRUE(opens(FileTask::open));
     portal.reset();
@@ -230,7 +201,7 @@ TEST_F(PortalFileDialogs, AreQtsWhereThePortalShowsNone) {
     delete qtDialog();
 
     ask(FileTask::open);
-    EXPECT_TRUE(falls());
+    EXPECT_TRUE(falls()) << "there is none";
     EXPECT_TRUE(answers.empty());
 }
 
