@@ -3,6 +3,7 @@
 #include "tests/support/TestPlatform.h"
 #include "tests/ui/pickers/Shown.h"
 #include "ui/pickers/RowList.h"
+#include "ui/pickers/WindowScan.h"
 #include "ui/style/ApplicationStyle.h"
 
 #include <QTest>
@@ -27,6 +28,19 @@ const QString clickOne =
     u"match, then to focusing / launching the app."_s;
 const QString clearHelp = u"Clear — fall back to launching / focusing the app"_s;
 const QString refreshHelp = u"Re-scan currently-open windows of this app"_s;
+const QString noApplication = u"Pick an app first."_s;
+const QString notRunning = u"App is not running. Launch it first, then click Refresh."_s;
+const QString unreadable =
+    u"Found 1 The App window(s) but can't read their titles. Screen Recording permission "
+    u"needed.\n\n"
+    u"1) Click the button below\n2) Toggle Brimlow ON\n3) **QUIT BRIMLOW COMPLETELY** (Cmd+Q from "
+    u"menu bar — not just close window)\n4) Relaunch Brimlow"_s;
+const QString untitled =
+    u"Found 1 The App window(s) but titles came back empty. Screen Recording IS granted but didn't "
+    u"apply — try fully quitting Brimlow (Cmd+Q from the menu bar Quit) and relaunching."_s;
+const QString noWindow =
+    u"The App is running but has 0 visible windows. Make sure a window is actually open (not just "
+    u"the dock icon)."_s;
 
 struct WindowPicker : testing::Test {
     TestPlatform world;
@@ -87,11 +101,10 @@ TEST_F(WindowPicker, IsAllInTheKeyboard) {
     world.session.openWindow(u"app"_s, 1, u"Front"_s);
     appear(u"app"_s);
     ASSERT_TRUE(shownButton(*view, refreshHelp)->hasFocus());
-    QTest::keyClick(view->focusWidget(), Qt::Key_Tab);
-    ASSERT_TRUE(list().hasFocus());
-    QTest::keyClick(&list(), Qt::Key_Down);
-    QTest::keyClick(&list(), Qt::Key_Return);
+    for (const auto key : {Qt::Key_Tab, Qt::Key_Down, Qt::Key_Return})
+        QTest::keyClick(view->focusWidget(), key);
     EXPECT_EQ(view->binding().targetWindowID, number);
+    EXPECT_TRUE(list().hasFocus());
     EXPECT_EQ(list().currentIndex().row(), 1) << "stays where it is";
 }
 
@@ -107,12 +120,28 @@ TEST_F(WindowPicker, HidesTheBoundWindowOnlyWhereItIsToldTo) {
     EXPECT_TRUE(bound.empty()) << "was not the user";
 }
 
+TEST_F(WindowPicker, ListsTheTitledWindowsOfTheApplicationAndItsHelpersFrontToBack) {
+    for (const auto& id : {u"app"_s, u"other"_s})
+        world.applications.install({.id = id, .plainName = id});
+    for (const auto& [id, process, title] : {std::tuple{u"app"_s, 10, u"Back"_s},
+                                             {u"app.helper"_s, 11, u"Helper"_s},
+                                             {u"dialog"_s, 10, u"Dialog"_s},
+                                             {u"app"_s, 10, u""_s},
+                                             {u"apple"_s, 12, u"Not ours"_s},
+                                             {u"other"_s, 10, u"Same process"_s}})
+        world.session.openWindow(id, process, title);
+    appear(u"app"_s);
+    QStringList titles;
+    for (const QString& row : listed())
+        titles << row.section(u"current: "_s, 1);
+    EXPECT_EQ(titles, (QStringList{u"Dialog"_s, u"Helper"_s, u"Back"_s}));
+    EXPECT_EQ(world.settings.takeJournal(), QStringList()) << "titles can be read";
+}
+
 TEST_F(WindowPicker, ScansWhenItAppearsAndForAnotherApplication) {
     world.session.openWindow(u"app"_s, 1, u"A"_s);
     appear({});
     EXPECT_EQ(texts(), (QStringList{u"Target Window"_s, optional, notScanned}));
-    refresh();
-    EXPECT_EQ(texts().last(), u"Pick an app first."_s);
     view->setBundleId(u"app"_s);
     EXPECT_EQ(listed().size(), 1);
     world.session.openWindow(u"app"_s, 1, u"B"_s);
@@ -121,7 +150,7 @@ TEST_F(WindowPicker, ScansWhenItAppearsAndForAnotherApplication) {
     refresh();
     EXPECT_EQ(listed().size(), 2);
     view->setBundleId(u"other"_s);
-    EXPECT_EQ(texts().last(), u"App is not running. Launch it first, then click Refresh."_s);
+    EXPECT_EQ(texts().last(), notRunning);
     EXPECT_EQ(listed(), QStringList());
     view->setBundleId(u""_s);
     EXPECT_EQ(texts().last(), notScanned);
@@ -132,22 +161,41 @@ TEST_F(WindowPicker, ScansWhenItAppearsAndForAnotherApplication) {
     EXPECT_EQ(listed().size(), 2);
 }
 
-TEST_F(WindowPicker, AnErrorOpensTheSettingsThatHelp) {
-    world.session.openWindow(u"app"_s, 1, u"Secret"_s);
+TEST_F(WindowPicker, SaysWhyThereIsNoneAndOpensTheSettingsThatHelp) {
+    world.applications.install({.id = u"app"_s, .plainName = u"The App"_s});
     world.session.setReadsTitles(false);
-    appear(u"app"_s);
-    EXPECT_TRUE(texts().last().startsWith(u"Found 1 app window(s) but can't read"_s));
+    for (const auto& none : {std::optional<QString>(), {u""_s}}) {
+        appear(none);
+        refresh();
+        EXPECT_EQ(texts().last(), noApplication);
+    }
+    view->setBundleId(u"app"_s);
+    EXPECT_EQ(texts().last(), notRunning);
+    EXPECT_EQ(world.settings.takeJournal(), QStringList());
+
+    const auto number = world.session.openWindow(u"app"_s, 10, u"Secret"_s);
+    refresh();
+    EXPECT_EQ(texts().last(), unreadable);
     EXPECT_FALSE(texts().contains(notScanned));
-    const QString text = u"Open Privacy & Security → Screen Recording"_s;
-    auto* open = shownButton(*view, text);
+    EXPECT_EQ(world.settings.takeJournal(), QStringList(u"prompt screen recording"_s));
+    const QString link = u"Open Privacy & Security → Screen Recording"_s;
+    auto* open = shownButton(*view, link);
     ASSERT_TRUE(open);
-    EXPECT_EQ(open->text().replace(u"&&"_s, u"&"_s), text);
-    world.settings.takeJournal();
+    EXPECT_EQ(open->text().replace(u"&&"_s, u"&"_s), link);
     open->click();
     EXPECT_EQ(world.settings.takeJournal(), QStringList(u"open screen recording"_s));
+
     world.session.setReadsTitles(true);
+    world.session.window(number).title.clear();
     refresh();
-    EXPECT_FALSE(shownButton(*view, text));
+    EXPECT_EQ(texts().last(), untitled);
+    EXPECT_EQ(whyNoneIsPickable(u"The App"_s, 0, false), noWindow);
+    world.session.failWindowListAfter(1);
+    refresh();
+    EXPECT_EQ(texts().last(), u"Couldn't enumerate windows."_s);
+    EXPECT_FALSE(shownButton(*view, link));
+    world.session.window(number).title = u"Told"_s;
+    refresh();
     EXPECT_EQ(listed().size(), 1);
 }
 

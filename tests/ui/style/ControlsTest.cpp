@@ -32,7 +32,7 @@ TEST(Controls, HoldTheirTextHoweverLargeItIs) {
     style::setSmall(small.get());
     for (QWidget* widget : std::vector<QWidget*>{&field, &badge, button.get(), small.get()}) {
         widget->ensurePolished();
-        EXPECT_GE(widget->sizeHint().height(), widget->fontMetrics().height());
+        EXPECT_GE(widget->sizeHint().height(), widget->fontMetrics().height() + 2);
     }
     EXPECT_EQ(button->sizeHint().height(), 54) << "26 twice, and the border";
     applicationStyle.apply({});
