@@ -84,17 +84,15 @@ TEST(AccessReport, TellsWhatTheSessionKeepsFromUs) {
 
 TEST(KeyboardSettings, AreThoseOfTheDesktopWhereItHasSome) {
     platform::SimulatedApplications applications({});
-    applications.install({.id = u"gnome-keyboard-panel"_s, .plainName = u"Keyboard"_s});
-    applications.install({.id = u"xfce-keyboard-settings"_s, .plainName = u"Keyboard"_s});
-    struct Row {
-        QString desktops;
-        QString identifier;
-    };
-    for (const Row& row : {Row{u"XFCE"_s, u"xfce-keyboard-settings"_s},
-                           Row{u"ubuntu:GNOME"_s, u"gnome-keyboard-panel"_s},
-                           Row{u"gnome"_s, u"gnome-keyboard-panel"_s}, Row{u"KDE"_s, {}},
-                           Row{u"Openbox"_s, {}}, Row{{}, {}}})
-        EXPECT_EQ(keyboardSettingsOf(row.desktops, applications), row.identifier);
+    for (const auto& id : {u"gnome-keyboard-panel"_s, u"xfce-keyboard-settings"_s})
+        applications.install({.id = id, .plainName = u"Keyboard"_s});
+    const std::vector<std::pair<QString, QString>> rows{
+        {u"XFCE"_s, u"xfce-keyboard-settings"_s},
+        {u"ubuntu:gnome"_s, u"gnome-keyboard-panel"_s},
+        {u"KDE"_s, {}},
+        {{}, {}}};
+    for (const auto& [desktops, identifier] : rows)
+        EXPECT_EQ(keyboardSettingsOf(desktops, applications), identifier);
 }
 
 } // namespace

@@ -1,13 +1,12 @@
 #include "ui/access/AccessWindow.h"
 
 #include "tests/support/TestPlatform.h"
+#include "tests/ui/pickers/Shown.h"
 #include "ui/access/AccessSettings.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QFile>
-#include <QLabel>
-#include <QPushButton>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -23,7 +22,8 @@ using platform::TrackpadRemedy;
 /// stand in for the one that asks for a password.
 struct Access : testing::Test {
     TestPlatform world;
-    platform::RuleInstaller installer{helper(), world.folder.filePath(u"pkexec"_s)};
+    platform::RuleInstaller installer{program(u"helper"_s, "true"),
+                                      world.folder.filePath(u"pkexec"_s)};
     AccessSettings settings{installer,
                             platform::ConsentRecords(world.folder.filePath(u"consent.json"_s))};
 
@@ -32,28 +32,17 @@ struct Access : testing::Test {
                               TrackpadRemedy::installRule});
     }
 
-    void program(const QString& name, const QByteArray& text) const {
+    QString program(const QString& name, const QByteArray& text) const {
         QFile file(world.folder.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("#!/bin/sh\n" + text + '\n');
         file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-    QString helper() const {
-        program(u"helper"_s, "true");
-        return world.folder.filePath(u"helper"_s);
+        return file.fileName();
     }
     bool visible() { return settings.window() && settings.window()->isVisible(); }
-    QPushButton* button(const QString& text) {
-        for (auto* each : settings.window()->findChildren<QPushButton*>())
-            if (each->text() == text)
-                return each;
-        return nullptr;
-    }
+    QPushButton* button(const QString& text) { return shownButton(*settings.window(), text); }
     bool shows(const QString& text) {
-        for (const auto* label : settings.window()->findChildren<QLabel*>())
-            if (label->text().contains(text))
-                return true;
-        return false;
+        return shownTexts(*settings.window()).join(u'\n').contains(text);
     }
 };
 

@@ -11,18 +11,8 @@ namespace {
 constexpr QRectF surface(10, 20, 320, 200);
 constexpr double infinite = std::numeric_limits<double>::infinity();
 
-TEST(PadGeometry, YPointsUpwards) {
-    struct Case {
-        TapSample position;
-        QPointF point;
-    };
-    for (const auto& [position, point] :
-         {Case{{0, 0.9}, {10, 40}}, Case{{1, 0.1}, {330, 200}}, Case{{0.25, 0}, {90, 220}},
-          Case{{0.5, 1}, {170, 20}}, Case{{0, 0}, {10, 220}}})
-        EXPECT_EQ(pointOn(surface, position), point) << position.x << ' ' << position.y;
-}
-
-TEST(PadGeometry, ARadiusIsAnEllipse) {
+TEST(PadGeometry, YPointsUpwardsAndARadiusIsAnEllipse) {
+    EXPECT_EQ(pointOn(surface, {0.25, 0.1}), QPointF(90, 200));
     EXPECT_EQ(areaOn(surface, {0.5, 0.5}, 0.1), QRectF(138, 100, 64, 40));
     EXPECT_TRUE(areaOn(surface, {0, 0}, infinite).contains(surface));
     EXPECT_TRUE(qIsFinite(areaOn(surface, {1e300, -1e300}, 1e300).width()));
@@ -30,49 +20,42 @@ TEST(PadGeometry, ARadiusIsAnEllipse) {
     EXPECT_FALSE(isDrawable({0, -infinite}));
 }
 
-/// The room, what is drawn, and the surface that comes of it.
+/// What is drawn in which room, and the surface that comes of it.
 struct Fit {
     const char* name;
-    QSizeF room;
-    double largest;
     std::vector<Footprint> footprints;
+    QSizeF room;
     QRectF surface;
 };
 
 TEST(PadGeometry, TheSurfaceLeavesRoomForWhatSticksOut) {
     const std::vector<Footprint> bothEdges{{{0, 0.5}, 0.1}, {{1, 0.5}, 0.1}};
     const QMarginsF label(60, 9, 60, 25);
-    for (const auto& [name, room, largest, footprints, expected] :
-         {Fit{"nothing", {600, 300}, 240, {}, {108, 30, 384, 240}},
-          Fit{"narrow", {192, 300}, 240, {}, {16, 100, 160, 100}},
-          Fit{"low", {600, 132}, 240, {}, {220, 16, 160, 100}},
-          Fit{"areas with room", {510, 272}, 240, bothEdges, {63, 16, 384, 240}},
-          Fit{"areas without room", {386, 272}, 240, bothEdges, {33, 36, 320, 200}},
-          Fit{"a label at the bottom",
-              {600, 281},
-              240,
-              {{{0.5, 0}, 0, label}},
-              {108, 16, 384, 240}},
-          Fit{"one side only", {480, 272}, 240, {{{1, 0.5}, 0.2}}, {18, 16, 384, 240}},
-          Fit{"no room at all", {10, 10}, 240, {}, {-19, -10, 48, 30}}}) {
-        const QRectF made = surfaceIn(room, largest, footprints);
+    for (const auto& [name, footprints, room, expected] :
+         {Fit{"narrow", {}, {192, 300}, {16, 100, 160, 100}},
+          Fit{"low", {}, {600, 132}, {220, 16, 160, 100}},
+          Fit{"areas with room", bothEdges, {510, 272}, {63, 16, 384, 240}},
+          Fit{"areas without room", bothEdges, {386, 272}, {33, 36, 320, 200}},
+          Fit{"a label below", {{{0.5, 0}, 0, label}}, {600, 281}, {108, 16, 384, 240}},
+          Fit{"one side only", {{{1, 0.5}, 0.2}}, {480, 272}, {18, 16, 384, 240}},
+          Fit{"no room at all", {}, {10, 10}, {-19, -10, 48, 30}}}) {
+        const QRectF made = surfaceIn(room, 240, footprints);
         EXPECT_EQ(made, expected) << name << ": " << made.x() << ' ' << made.y() << ' '
                                   << made.width() << ' ' << made.height();
     }
 }
 
 TEST(PadGeometry, NothingIsClippedHoweverItLies) {
-    for (const double radius : {0.03, 0.1, 0.3, 0.5})
-        for (const TapSample& corner : {TapSample{0, 0}, {1, 0}, {0, 1}, {1, 1}, {0.97, 0.5}}) {
-            const std::vector<Footprint> all{{corner, radius, {60, 9, 60, 25}}};
-            for (const double width : {200.0, 350.0, 510.0}) {
+    for (const double radius : {0.03, 0.3})
+        for (const TapSample& corner : {TapSample{0, 0}, {1, 0}, {0, 1}, {0.97, 0.5}})
+            for (const double width : {200.0, 510.0}) {
+                const std::vector<Footprint> all{{corner, radius, {60, 9, 60, 25}}};
                 const QRectF room(0, 0, width, heightFor(width, 240, all));
                 const QRectF made = surfaceIn(room.size(), 240, all);
                 EXPECT_TRUE(room.contains(areaOn(made, corner, radius))) << radius << ' ' << width;
                 EXPECT_TRUE(room.contains(
                     QRectF(pointOn(made, corner), QSizeF(0, 0)).marginsAdded(all[0].mark)));
             }
-        }
 }
 
 TEST(PadGeometry, AnAreaLargerThanTheTrackpadDoesNotShrinkItToNothing) {
@@ -92,8 +75,7 @@ struct Placing {
 TEST(LabelPlacing, SlidesSidewaysToWhereNothingIsCovered) {
     constexpr QSizeF label(40, 16);
     for (const auto& [name, labels, slides] :
-         {Placing{"alone", {{{100, 50}, label}}, {0}},
-          Placing{"own marker", {{{100, 50}, {40, 30}}}, {0}},
+         {Placing{"own marker", {{{100, 50}, {40, 30}}}, {0}},
           Placing{"apart", {{{100, 50}, label}, {{141, 50}, label}}, {0, 0}},
           Placing{"close", {{{100, 50}, label}, {{136, 50}, label}}, {0, 6}},
           Placing{"to the left", {{{140, 50}, label}, {{102, 50}, label}}, {0, -4}},

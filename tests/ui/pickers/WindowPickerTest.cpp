@@ -1,8 +1,9 @@
-#include "ui/pickers/FocusWindowPicker.h"
-
 #include "tests/support/TestPlatform.h"
 #include "tests/ui/pickers/Shown.h"
+#include "ui/pickers/FocusWindowPicker.h"
 #include "ui/pickers/RowList.h"
+#include "ui/pickers/StableTitle.h"
+#include "ui/pickers/WindowChoice.h"
 #include "ui/pickers/WindowScan.h"
 #include "ui/style/ApplicationStyle.h"
 
@@ -21,14 +22,11 @@ const QString optional =
     u"Optional — pick a specific window for surgical targeting, or leave unset "
     u"to just focus / launch the app on tap."_s;
 const QString notScanned = u"Click the refresh icon to list this app's currently-open windows."_s;
-const QString alreadyBound = u"This window is already bound. Use Refresh to scan again."_s;
 const QString clickOne =
     u"Click a window to bind (optional). Brimlow tracks it by its system window ID — survives tab "
     u"switches but resets when the app restarts; on restart we fall back to a title substring "
     u"match, then to focusing / launching the app."_s;
-const QString clearHelp = u"Clear — fall back to launching / focusing the app"_s;
 const QString refreshHelp = u"Re-scan currently-open windows of this app"_s;
-const QString noApplication = u"Pick an app first."_s;
 const QString notRunning = u"App is not running. Launch it first, then click Refresh."_s;
 const QString unreadable =
     u"Found 1 The App window(s) but can't read their titles. Screen Recording permission "
@@ -71,7 +69,28 @@ struct WindowPicker : testing::Test {
     void refresh() const { shownButton(*view, refreshHelp)->click(); }
 };
 
-TEST_F(WindowPicker, BindsTheWindowThatIsClickedAndLetsItGo) {
+TEST(StableTitle, IsTheBrowsersOrTheApplications) {
+    const QString sixty = u"\u0065\u0301"_s.repeated(60);
+    const std::vector<std::pair<QString, QString>> rows{
+        {u"Inbox - Google Chrome -  Work \n"_s, u"Work"_s},
+        {u"Inbox - Google Chrome (Incognito)"_s, u"Google Chrome"_s},
+        {u"Inbox - Google Chrome - "_s, u"Google Chrome"_s},
+        {u"Docs - Google Chrome Canary"_s, u"Google Chrome Canary"_s},
+        {u"A - Brave Browser - B — C"_s, u"B — C"_s},
+        {u"A - Google Chrome - B - Google Chrome - C"_s, u"B - Google Chrome - C"_s},
+        {u"A - google chrome"_s, u"A - google chrome"_s},
+        {u"MyApp — Main.txt"_s, u"MyApp"_s},
+        {u"One.txt — two words"_s, u"two words"_s},
+        {u"One — Two"_s, u"Two"_s},
+        {u" — \tOnly one — "_s, u" — \tOnly one — "_s},
+        {u"Untitled – dash "_s, u"Untitled – dash "_s},
+        {sixty + u"—a.b"_s, sixty},
+        {sixty + u"x—a.b"_s, u"a.b"_s}};
+    for (const auto& [title, stable] : rows)
+        EXPECT_EQ(extractStableTitle(title), stable) << title.toStdString();
+}
+
+TEST_F(WindowPicker, BindsTheWindowThatIsChosenAndLetsItGo) {
     const auto number = world.session.openWindow(u"app"_s, 1, u"MyApp — <b>.txt"_s);
     world.session.openWindow(u"app"_s, 1, u"Front"_s);
     appear(u"app"_s);
@@ -84,26 +103,17 @@ TEST_F(WindowPicker, BindsTheWindowThatIsClickedAndLetsItGo) {
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
                       list().visualRect(list().model()->index(1, 0)).center());
     const WindowBinding mine{number, u"MyApp"_s};
-    EXPECT_EQ(bound, std::vector{mine});
     EXPECT_EQ(view->binding(), mine);
     EXPECT_EQ(listed(), rows);
     EXPECT_EQ(texts(), (QStringList{u"Target Window"_s, u"2 windows"_s,
                                     u"Bound to window ID %1"_s.arg(number), u"fallback: MyApp"_s,
                                     clickOne}));
-    shownButton(*view, clearHelp)->click();
-    EXPECT_EQ(bound.back(), WindowBinding());
+    shownButton(*view, u"Clear — fall back to launching / focusing the app"_s)->click();
     EXPECT_TRUE(texts().contains(optional));
-    EXPECT_TRUE(shownButton(*view, u"Refresh"_s)->hasFocus());
-}
-
-TEST_F(WindowPicker, IsAllInTheKeyboard) {
-    const auto number = world.session.openWindow(u"app"_s, 1, u"Back"_s);
-    world.session.openWindow(u"app"_s, 1, u"Front"_s);
-    appear(u"app"_s);
-    ASSERT_TRUE(shownButton(*view, refreshHelp)->hasFocus());
+    EXPECT_TRUE(shownButton(*view, refreshHelp)->hasFocus());
     for (const auto key : {Qt::Key_Tab, Qt::Key_Down, Qt::Key_Return})
         QTest::keyClick(view->focusWidget(), key);
-    EXPECT_EQ(view->binding().targetWindowID, number);
+    EXPECT_EQ(bound, (std::vector{mine, WindowBinding(), mine}));
     EXPECT_TRUE(list().hasFocus());
     EXPECT_EQ(list().currentIndex().row(), 1) << "stays where it is";
 }
@@ -111,8 +121,9 @@ TEST_F(WindowPicker, IsAllInTheKeyboard) {
 TEST_F(WindowPicker, HidesTheBoundWindowOnlyWhereItIsToldTo) {
     const auto number = world.session.openWindow(u"app"_s, 1, u"Only"_s);
     appear(u"app"_s, {number, {}}, true);
-    EXPECT_EQ(texts(), (QStringList{u"Target Window"_s, u"Bound to window ID %1"_s.arg(number),
-                                    alreadyBound}));
+    EXPECT_EQ(texts(),
+              (QStringList{u"Target Window"_s, u"Bound to window ID %1"_s.arg(number),
+                           u"This window is already bound. Use Refresh to scan again."_s}));
     EXPECT_FALSE(list().isVisible());
     appear(u"app"_s, {number, {}}, false);
     EXPECT_EQ(listed().size(), 1);
@@ -123,13 +134,12 @@ TEST_F(WindowPicker, HidesTheBoundWindowOnlyWhereItIsToldTo) {
 TEST_F(WindowPicker, ListsTheTitledWindowsOfTheApplicationAndItsHelpersFrontToBack) {
     for (const auto& id : {u"app"_s, u"other"_s})
         world.applications.install({.id = id, .plainName = id});
-    for (const auto& [id, process, title] : {std::tuple{u"app"_s, 10, u"Back"_s},
-                                             {u"app.helper"_s, 11, u"Helper"_s},
-                                             {u"dialog"_s, 10, u"Dialog"_s},
-                                             {u"app"_s, 10, u""_s},
-                                             {u"apple"_s, 12, u"Not ours"_s},
-                                             {u"other"_s, 10, u"Same process"_s}})
-        world.session.openWindow(id, process, title);
+    world.session.openWindow(u"app"_s, 10, u"Back"_s);
+    world.session.openWindow(u"app.helper"_s, 11, u"Helper"_s);
+    world.session.openWindow(u"dialog"_s, 10, u"Dialog"_s);
+    world.session.openWindow(u"app"_s, 10, {});
+    world.session.openWindow(u"apple"_s, 12, u"Not ours"_s);
+    world.session.openWindow(u"other"_s, 10, u"Same process"_s);
     appear(u"app"_s);
     QStringList titles;
     for (const QString& row : listed())
@@ -167,7 +177,7 @@ TEST_F(WindowPicker, SaysWhyThereIsNoneAndOpensTheSettingsThatHelp) {
     for (const auto& none : {std::optional<QString>(), {u""_s}}) {
         appear(none);
         refresh();
-        EXPECT_EQ(texts().last(), noApplication);
+        EXPECT_EQ(texts().last(), u"Pick an app first."_s);
     }
     view->setBundleId(u"app"_s);
     EXPECT_EQ(texts().last(), notRunning);
@@ -194,6 +204,9 @@ TEST_F(WindowPicker, SaysWhyThereIsNoneAndOpensTheSettingsThatHelp) {
     refresh();
     EXPECT_EQ(texts().last(), u"Couldn't enumerate windows."_s);
     EXPECT_FALSE(shownButton(*view, link));
+    EXPECT_EQ(settingsLink(u"Accessibility"_s)->text, u"Open Privacy & Security → Accessibility"_s);
+    EXPECT_EQ(settingsLink(u"Accessibility"_s)->address,
+              u"x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"_s);
     world.session.window(number).title = u"Told"_s;
     refresh();
     EXPECT_EQ(listed().size(), 1);
