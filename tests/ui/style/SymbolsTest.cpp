@@ -25,49 +25,29 @@ constexpr auto needed = R"(
     wrench.and.screwdriver xmark.circle.fill xmark.square
 )"_L1;
 
-struct Ink {
-    int pixels = 0;
-    int onEdge = 0;
-    int otherColour = 0;
-};
-
-Ink inkOf(const QImage& image, QRgb colour) {
-    Ink ink;
-    const QRect inner = image.rect().adjusted(1, 1, -1, -1);
+/// The box around what can be seen.
+QRect drawnIn(const QImage& image) {
+    QRect box;
     for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) {
-            const QRgb pixel = image.pixel(x, y);
-            if (qAlpha(pixel) < 64)
-                continue;
-            ++ink.pixels;
-            ink.onEdge += inner.contains(x, y) ? 0 : 1;
-            if (qAlpha(pixel) == 255 && pixel != colour)
-                ++ink.otherColour;
-        }
-    return ink;
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) >= 64)
+                box |= QRect(x, y, 1, 1);
+    return box;
 }
 
-TEST(Symbols, AllAreDrawnInsideOfTheirBoxInTheColourAskedFor) {
-    const QColor colour(0x1F62C8);
+TEST(Symbols, AllAreDrawnInsideOfTheirBox) {
     for (const QString& name : QString(needed).simplified().split(u' '))
         for (const int size : {16, 22, 28})
             for (const double ratio : {1.0, 1.5, 2.0}) {
                 SCOPED_TRACE(name.toStdString() + " " + std::to_string(size) + "@"
                              + std::to_string(ratio));
-                const QPixmap pixmap = symbol(name, colour, size, ratio);
+                const QPixmap pixmap = symbol(name, Qt::blue, size, ratio);
                 EXPECT_EQ(pixmap.size(), QSize(1, 1) * size * ratio);
                 EXPECT_EQ(pixmap.devicePixelRatio(), ratio);
-                const Ink ink = inkOf(pixmap.toImage(), colour.rgb());
-                EXPECT_GT(ink.pixels, size * size * ratio * ratio / 25);
-                EXPECT_EQ(ink.onEdge, 0);
-                EXPECT_EQ(ink.otherColour, 0);
+                const QRect box = drawnIn(pixmap.toImage());
+                EXPECT_GT(std::max(box.width(), box.height()), pixmap.width() / 3);
+                EXPECT_TRUE(pixmap.rect().adjusted(1, 1, -1, -1).contains(box));
             }
-}
-
-TEST(Symbols, AreKeptAndAnUnknownOneIsEmpty) {
-    const auto draw = [](const QString& name) { return symbol(name, Qt::black, 16, 1); };
-    EXPECT_EQ(draw(u"gear"_s).cacheKey(), draw(u"gear"_s).cacheKey());
-    EXPECT_TRUE(draw(u"no.such"_s).isNull());
 }
 
 TEST(Symbols, AnIconTakesTheColourOfTheThemeThatIsCurrent) {
