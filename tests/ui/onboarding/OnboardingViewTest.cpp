@@ -86,23 +86,20 @@ TEST_F(Onboarding, LeadsThroughThreeStepsAndBack) {
         QString pressed;
         int step;
         QString title;
-        QStringList buttons;
+        QString focused;
     };
-    const QStringList first{u"Skip"_s, u"Next"_s};
-    const QStringList second{
-        grantText, grantText, grantText, u"Reveal in Finder"_s, u"Re-check Permissions"_s,
-        u"Back"_s, u"Skip"_s, u"Next"_s};
-    const QStringList last{u"Back"_s, u"Get Started"_s};
-    for (const auto& [pressed, step, title, buttonsThere] :
-         {Row{u"Next"_s, 1, u"Grant Permissions"_s, second}, Row{u"Skip"_s, 2, u"All Set"_s, last},
-          Row{u"Back"_s, 1, u"Grant Permissions"_s, second},
-          Row{u"Back"_s, 0, u"Welcome to Brimlow"_s, first}}) {
+    for (const auto& [pressed, step, title, focus] :
+         {Row{u"Next"_s, 1, u"Grant Permissions"_s, u"Next"_s},
+          Row{u"Skip"_s, 2, u"All Set"_s, u"Get Started"_s},
+          Row{u"Back"_s, 1, u"Grant Permissions"_s, u"Back"_s},
+          Row{u"Back"_s, 0, u"Welcome to Brimlow"_s, u"Next"_s}}) {
         press(pressed);
         EXPECT_EQ(view->currentStep(), step);
         EXPECT_TRUE(shownTexts(*view).contains(title));
-        EXPECT_EQ(buttons(), buttonsThere);
         EXPECT_TRUE(tells(u"Step %1 of 3"_s.arg(step + 1)));
-        EXPECT_EQ(focused(), buttonsThere.contains(pressed) ? pressed : buttonsThere.last());
+        EXPECT_EQ(focused(), focus);
+        EXPECT_EQ(button(u"Back"_s) != nullptr, step > 0);
+        EXPECT_EQ(button(u"Skip"_s) != nullptr, step < 2);
     }
     EXPECT_EQ(journal(), QStringList()) << "nothing was asked for";
 }
@@ -173,9 +170,7 @@ TEST_F(Onboarding, ThePaneOpensFromTheSecondPress) {
 
 TEST_F(Onboarding, IsCompletedOnceByTheLastButtonWhichMayDestroyIt) {
     open(2);
-    view.reset();
     EXPECT_FALSE(settings.hasCompletedOnboarding());
-    open(2);
     press(u"Get Started"_s);
     EXPECT_TRUE(AppSettings().hasCompletedOnboarding());
     press(u"Get Started"_s);

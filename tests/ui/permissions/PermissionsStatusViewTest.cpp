@@ -3,9 +3,7 @@
 #include "tests/support/TestPlatform.h"
 #include "tests/ui/pickers/Shown.h"
 #include "ui/controls/Badge.h"
-#include "ui/controls/Sheet.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QTest>
@@ -18,7 +16,6 @@ namespace {
 using namespace Qt::StringLiterals;
 using platform::Stream;
 
-const QString stuckHeading = QStringLiteral("Grant doesn't seem to be working");
 const QString accessibility = QStringLiteral("Accessibility");
 const QString automation = QStringLiteral("Automation (System Events)");
 const QString screenRecording = QStringLiteral("Screen Recording");
@@ -33,14 +30,10 @@ struct Permissions : testing::Test {
     Permissions() {
         world.devices.plugIn({u"Pad"_s, u"/dev/input/event5"_s, u"Permission denied"_s,
                               platform::TrackpadRemedy::installRule});
-    }
-
-    void open() {
         view = std::make_unique<PermissionsStatusView>(manager, [this] { ++terminations; });
         view->show();
-        view->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
     }
+
     /// A tool in the place of the one that resets; it notes what it is asked to do.
     void installTool(int status) {
         const QString path = world.bundle.pathForAuxiliaryExecutable(u"tccutil"_s);
@@ -56,47 +49,37 @@ struct Permissions : testing::Test {
         return calls.open(QIODevice::ReadOnly) ? QString::fromUtf8(calls.readAll()) : QString();
     }
 
-    QPushButton* button(const QString& text) { return shownButton(*view, text); }
-    QPushButton* grant(const QString& row) { return button(u"Grant + Open Settings: "_s + row); }
-    void press(QPushButton* pressed) {
-        ASSERT_TRUE(pressed);
-        pressed->setFocus();
-        QTest::keyClick(pressed, Qt::Key_Space);
+    void press(const QString& name) {
+        auto* button = shownButton(*view, name);
+        ASSERT_TRUE(button) << name.toStdString();
+        button->setFocus();
+        QTest::keyClick(button, Qt::Key_Space);
     }
+    void pressGrant(const QString& row) { press(u"Grant + Open Settings: "_s + row); }
+    /// How often, on the page and on the dialogs over it.
+    qsizetype shows(const QString& text) { return shownTexts(*view).count(text); }
     QStringList badges() {
         QStringList texts;
         for (const auto* badge : view->findChildren<controls::Badge*>())
             texts << badge->text();
         return texts;
     }
-    bool stuck() { return shownTexts(*view).contains(stuckHeading); }
     QStringList journal() { return world.settings.takeJournal(); }
-    /// The dialogs that are open.
-    QList<controls::Sheet*> sheets() {
-        QList<controls::Sheet*> open;
-        for (auto* sheet : view->findChildren<controls::Sheet*>())
-            if (sheet->isVisible())
-                open << sheet;
-        return open;
-    }
 };
 
 TEST_F(Permissions, AccessibilityFollowsTheManagerAndScreenRecordingDoesNot) {
-    open();
     manager.startPolling();
     EXPECT_EQ(badges(), (QStringList{u"Not Granted"_s, u"Check in Settings"_s, u"Granted"_s,
                                      u"System Setting"_s}));
-    auto* focused = button(u"Re-check All"_s);
-    focused->setFocus();
     world.devices.unplugAll();
     world.session.setReadsTitles(false);
     world.time.advance(2);
     EXPECT_FALSE(manager.screenRecordingGranted);
     EXPECT_EQ(badges()[0], u"Granted"_s);
     EXPECT_EQ(badges()[2], u"Granted"_s) << "outdated";
-    press(focused);
+    press(u"Re-check All"_s);
     EXPECT_EQ(badges()[2], u"Not Granted"_s);
-    EXPECT_EQ(QApplication::focusWidget(), focused);
+    EXPECT_EQ(view->focusWidget(), shownButton(*view, u"Re-check All"_s));
     view->hide();
     world.session.setReadsTitles(true);
     world.time.advance(4);
@@ -111,8 +94,8 @@ TEST_F(Permissions, GrantAsksAtOnceAndOpensThePaneSoonAfter) {
          {std::pair(accessibility, u"accessibility"_s), std::pair(automation, u"automation"_s),
           std::pair(screenRecording, u"screen recording"_s)}) {
         world.session.setTrusted(false);
-        open();
-        press(grant(title));
+        view->recheck();
+        pressGrant(title);
         EXPECT_EQ(journal(), QStringList(u"prompt "_s + pane));
         EXPECT_FALSE(manager.hasPromptedAccessibility || manager.hasPromptedAppleEvents
                      || manager.hasPromptedScreenRecording);
@@ -133,49 +116,46 @@ TEST_F(Permissions, GrantAsksAtOnceAndOpensThePaneSoonAfter) {
     EXPECT_TRUE(world.log.take(Stream::error)
                     .contains(u"Permissions.Automation request: System Events got an error: the "
                               u"simulated world does not trust us."_s));
-    press(button(u"Reveal Brimlow.app: "_s + automation));
-    press(button(u"Open Keyboard Shortcuts"_s));
+    press(u"Reveal Brimlow.app: "_s + automation);
+    press(u"Open Keyboard Shortcuts"_s);
     EXPECT_EQ(journal(), (QStringList{u"reveal /usr/bin/brimlow"_s, u"open keyboard shortcuts"_s}));
 }
 
 TEST_F(Permissions, AResetIsOfferedFromARecheckUntilThePressesAreLongAgo) {
-    open();
+    const QString offer = u"Grant doesn't seem to be working"_s;
     manager.startPolling();
     for (int press = 0; press < 3; ++press)
         manager.recordGrantAttempt();
     world.time.advance(2);
-    EXPECT_FALSE(stuck()) << "would push away what is being pressed";
+    EXPECT_FALSE(shows(offer)) << "would push away what is being pressed";
     view->recheck();
-    EXPECT_TRUE(stuck());
+    EXPECT_TRUE(shows(offer));
     world.time.advance(600);
-    EXPECT_FALSE(stuck());
+    EXPECT_FALSE(shows(offer));
 }
 
 TEST_F(Permissions, AResetThatFailsIsToldAndOneThatDoesNotEndsTheApplication) {
     installTool(1);
-    open();
     for (int twice = 0; twice < 2; ++twice)
-        button(u"Reset Permissions"_s)->click();
-    ASSERT_EQ(sheets().size(), 1);
+        shownButton(*view, u"Reset Permissions"_s)->click();
+    EXPECT_EQ(shows(u"Reset all permissions for Brimlow?"_s), 1);
     EXPECT_EQ(toolCalls(), QString());
-    press(shownButton(*sheets()[0], u"Reset && Relaunch"_s));
+    press(u"Reset && Relaunch"_s);
     for (int twice = 0; twice < 2; ++twice) {
         view->runReset();
-        ASSERT_EQ(sheets().size(), 1);
-        EXPECT_EQ(shownTexts(*sheets()[0]),
-                  (QStringList{u"Couldn't reset permissions"_s,
-                               u"Try running this manually in Terminal: tccutil reset All "
-                               u"org.brimlow.Brimlow"_s}));
-        press(shownButton(*sheets()[0], u"OK"_s));
-        EXPECT_EQ(sheets().size(), 0);
+        EXPECT_EQ(shows(u"Couldn't reset permissions"_s), 1);
+        EXPECT_EQ(shows(u"Try running this manually in Terminal: tccutil reset All "
+                        u"org.brimlow.Brimlow"_s),
+                  1);
+        press(u"OK"_s);
+        EXPECT_EQ(shows(u"Couldn't reset permissions"_s), 0);
     }
     world.time.advance(1);
     EXPECT_EQ(terminations, 0);
 
     installTool(0);
-    press(button(u"Reset Permissions"_s));
-    press(shownButton(*sheets()[0], u"Reset && Relaunch"_s));
-    EXPECT_EQ(sheets().size(), 0);
+    press(u"Reset Permissions"_s);
+    press(u"Reset && Relaunch"_s);
     world.time.advance(0.499);
     EXPECT_EQ(terminations, 0);
     view.reset();
@@ -185,8 +165,7 @@ TEST_F(Permissions, AResetThatFailsIsToldAndOneThatDoesNotEndsTheApplication) {
 
 TEST_F(Permissions, WhatAPressHasBegunGoesOnWithoutThePage) {
     world.session.setReadsTitles(false);
-    open();
-    press(grant(screenRecording));
+    pressGrant(screenRecording);
     view.reset();
     world.time.advance(2);
     EXPECT_EQ(journal(), (QStringList{u"prompt screen recording"_s, u"open screen recording"_s}));

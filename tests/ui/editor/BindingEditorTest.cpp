@@ -1,7 +1,6 @@
-#include "ui/editor/BindingEditorSheet.h"
-
 #include "tests/support/TestPlatform.h"
 #include "tests/ui/pickers/Shown.h"
+#include "ui/editor/BindingEditorSheet.h"
 #include "ui/editor/EditorTexts.h"
 #include "ui/style/ApplicationStyle.h"
 
@@ -20,6 +19,62 @@ namespace brimlow::test {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+constexpr platform::Date now{1767355200};
+
+TapPositionMapping focusBinding() {
+    TapPositionMapping binding{
+        .id = QUuid::createUuid(), .name = u" Mail\t"_s, .action = TapAction::focusWindow};
+    binding.appName = u"org.example.mail"_s;
+    binding.windowTitle = u"  "_s;
+    binding.targetWindowID = 0xFFFFFFFF;
+    binding.samples = {{0.1, 0.2}, {0.12, 0.2}, {0.1, 0.24}};
+    binding.lastRecordedAt = platform::Date{5};
+    binding.matchTolerance = 3;
+    binding.minimumPressure = 7;
+    binding.clickForce = 0.9;
+    return binding;
+}
+
+TEST(BindingDraft, AnUntouchedBindingKeepsItsNumbersAndGetsItsRadiusFixed) {
+    auto original = focusBinding();
+    auto expected = original;
+    expected.name = u"Mail"_s;
+    expected.windowTitle = u""_s; // and not absent
+    expected.matchTolerance = 1;
+    expected.explicitMatchRadius = original.matchRadius();
+    EXPECT_EQ(BindingDraft::edit(original).binding(now), expected);
+    original.lastRecordedAt.reset();
+    EXPECT_EQ(BindingDraft::edit(original).binding(now).lastRecordedAt, now);
+}
+
+TEST(BindingDraft, HasAnApplicationAndAWindowWhereTheActionNeedsThem) {
+    struct Row {
+        TapAction action;
+        bool keepsApplication;
+        bool keepsWindow;
+    };
+    for (const auto& [action, keepsApplication, keepsWindow] :
+         {Row{TapAction::focusWindow, true, true}, Row{TapAction::openApp, true, false},
+          Row{TapAction::closeWindow, false, false}}) {
+        auto draft = BindingDraft::edit(focusBinding());
+        draft.chooseAction(action);
+        const auto binding = draft.binding(now);
+        EXPECT_EQ(binding.appName.has_value(), keepsApplication);
+        EXPECT_EQ(binding.windowTitle.has_value(), keepsWindow);
+        EXPECT_EQ(binding.targetWindowID.has_value(), keepsWindow);
+        draft.bundleId = u""_s;
+        EXPECT_EQ(draft.canSave(), !keepsApplication);
+    }
+}
+
+TEST(EditorTexts, WordPressureFromItsLowerEnd) {
+    EXPECT_EQ(pressureReadout(0.0499), u"0.05  (any touch)"_s);
+    EXPECT_EQ(pressureReadout(0.05), u"0.05  (light)"_s);
+    EXPECT_EQ(pressureReadout(0.25), u"0.25  (medium)"_s);
+    EXPECT_EQ(pressureReadout(0.55), u"0.55  (firm)"_s);
+    EXPECT_EQ(pressureReadout(0.85), u"0.85  (very firm)"_s);
+}
 
 /// The sheet over a store with one binding, as a person meets it: by what it shows and its keys.
 struct Editor : testing::Test {
@@ -59,11 +114,7 @@ struct Editor : testing::Test {
     bool shows(const QString& text) { return shownTexts(*sheet).contains(text); }
     void choose(TapAction action) {
         auto* menu = named<QComboBox>(u"Action"_s);
-        const auto offered = BindingDraft::offeredActions();
-        menu->setFocus();
-        QTest::keyClick(menu, Qt::Key_Home);
-        for (std::size_t at = 0; offered[at] != action; ++at)
-            QTest::keyClick(menu, Qt::Key_Down);
+        Q_EMIT menu->activated(menu->findText(displayName(action)));
     }
 };
 
@@ -174,17 +225,11 @@ TEST_F(Editor, TheActionDecidesWhatElseIsAskedFor) {
     EXPECT_TRUE(click->isChecked());
     EXPECT_FALSE(shows(warning));
     QTest::keyClick(click, Qt::Key_Space);
+    choose(TapAction::toggleBrimlow);
+    EXPECT_FALSE(click->isChecked()) << "it was chosen already";
     EXPECT_TRUE(shows(warning));
     choose(TapAction::hideAll);
     EXPECT_FALSE(shows(warning));
-}
-
-TEST(EditorTexts, WordPressureFromItsLowerEnd) {
-    EXPECT_EQ(pressureReadout(0.0499), u"0.05  (any touch)"_s);
-    EXPECT_EQ(pressureReadout(0.05), u"0.05  (light)"_s);
-    EXPECT_EQ(pressureReadout(0.25), u"0.25  (medium)"_s);
-    EXPECT_EQ(pressureReadout(0.55), u"0.55  (firm)"_s);
-    EXPECT_EQ(pressureReadout(0.85), u"0.85  (very firm)"_s);
 }
 
 TEST_F(Editor, TheKeyboardReachesEverythingAndAScreenReaderNamesIt) {
@@ -215,11 +260,6 @@ TEST_F(Editor, TextOfAnySizeAndLengthFits) {
 
     style::ApplicationStyle large({.textScale = 2});
     open(BindingDraft::create());
-    for (auto* each : sheet->findChildren<QAbstractButton*>())
-        if (each->isVisible()) {
-            EXPECT_GE(each->height(), each->minimumSizeHint().height())
-                << each->text().toStdString();
-        }
     for (auto* each : sheet->findChildren<QLabel*>())
         if (each->isVisible()) {
             EXPECT_GE(each->height(), each->wordWrap() ? each->heightForWidth(each->width())
