@@ -31,30 +31,30 @@ const QStringList allButTheToggle{u"Switch Desktop Left"_s,   u"Switch Desktop R
                                   u"Focus Specific Window"_s, u"Hide Everything"_s};
 
 TEST(AccessReport, NamesEachTrackpadThatCannotBeReadAndWhatHelps) {
-    struct Row {
-        TrackpadRemedy remedy;
-        bool ruleHelps;
-        QString hint;
-    };
-    for (const Row& row : {Row{TrackpadRemedy::installRule, true, u"never keyboards"_s},
-                           Row{TrackpadRemedy::applyRule, true, u"not applied here yet"_s},
-                           Row{TrackpadRemedy::reconnect, false, u"Plug the trackpad"_s}}) {
-        TestPlatform world;
-        world.devices.plugIn({u"Good"_s, u"/dev/input/event4"_s});
-        world.devices.plugIn({u"A"_s, u"/dev/input/event5"_s, u"Permission denied"_s, row.remedy});
-        world.devices.plugIn({u"B"_s, u"/dev/input/event6"_s, u"Permission denied"_s, row.remedy});
-        const auto report = accessReport();
-        ASSERT_EQ(report.problems.size(), 1U);
-        EXPECT_EQ(report.problems[0].heading, u"Brimlow cannot read “A” and “B”"_s);
-        EXPECT_TRUE(report.problems[0].text.startsWith(
-            u"Your system keeps /dev/input/event5 (Permission denied) and /dev/input/event6 "
-            u"(Permission denied) from Brimlow. "_s));
-        EXPECT_TRUE(report.problems[0].text.contains(row.hint));
-        EXPECT_EQ(report.problems[0].ruleHelps, row.ruleHelps);
-        EXPECT_EQ(notWorking(report.trackpads), (QStringList{u"A"_s, u"B"_s}));
-        EXPECT_EQ(notWorking(report.actions), allButTheToggle);
-        EXPECT_EQ(report.actions[0].detail, u"“A” cannot be read."_s);
+    TestPlatform world;
+    world.devices.plugIn({u"Good"_s, u"/dev/input/event4"_s});
+    for (const auto& [name, remedy] : {std::pair{u"A"_s, TrackpadRemedy::installRule},
+                                       {u"B"_s, TrackpadRemedy::installRule},
+                                       {u"C"_s, TrackpadRemedy::applyRule},
+                                       {u"D"_s, TrackpadRemedy::reconnect}})
+        world.devices.plugIn({name, u"/dev/"_s + name, u"Permission denied"_s, remedy});
+    const auto report = accessReport();
+    const std::tuple<QString, QString, bool> rows[]{{u"“A” and “B”"_s, u"never keyboards"_s, true},
+                                                    {u"“C”"_s, u"not applied here yet"_s, true},
+                                                    {u"“D”"_s, u"Plug the trackpad"_s, false}};
+    ASSERT_EQ(report.problems.size(), std::size(rows));
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        const auto& [names, hint, ruleHelps] = rows[i];
+        EXPECT_EQ(report.problems[i].heading, u"Brimlow cannot read "_s + names);
+        EXPECT_TRUE(report.problems[i].text.contains(hint));
+        EXPECT_EQ(report.problems[i].ruleHelps, ruleHelps);
     }
+    EXPECT_TRUE(report.problems[0].text.startsWith(
+        u"Your system keeps /dev/A (Permission denied) and /dev/B (Permission denied) from "
+        u"Brimlow. "_s));
+    EXPECT_EQ(notWorking(report.trackpads), (QStringList{u"A"_s, u"B"_s, u"C"_s, u"D"_s}));
+    EXPECT_EQ(notWorking(report.actions), allButTheToggle);
+    EXPECT_EQ(report.actions[0].detail, u"“A” cannot be read."_s);
 }
 
 TEST(AccessReport, TellsWhatTheSessionKeepsFromUs) {

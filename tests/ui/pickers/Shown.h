@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractItemView>
 #include <QLabel>
 #include <QPushButton>
 #include <QStringList>
@@ -23,6 +24,14 @@ inline QPushButton* shownButton(const QWidget& view, const QString& text) {
                 || button->accessibleName() == text))
             return button;
     return nullptr;
+}
+
+/// What a screen reader is told of the rows that are shown.
+inline QStringList shownRows(const QAbstractItemView& list) {
+    QStringList rows;
+    for (int row = 0; list.isVisible() && row < list.model()->rowCount(); ++row)
+        rows << list.model()->index(row, 0).data(Qt::AccessibleTextRole).toString();
+    return rows;
 }
 
 } // namespace brimlow::test

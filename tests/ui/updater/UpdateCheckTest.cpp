@@ -31,6 +31,7 @@ constexpr int patience = 10'000; // milliseconds
 const QString newer = QStringLiteral("A newer version is available");
 const QString upToDate = QStringLiteral("You're up to date");
 const QString failed = QStringLiteral("Checking for updates failed");
+
 /// Stands where the browser is.
 class Browser : public QObject {
     Q_OBJECT
@@ -223,7 +224,6 @@ TEST(UpdaterController, ExistsForSecureFeedsOnly) {
     const std::vector<std::pair<QJsonValue, bool>> rows{
         {u"https://b.example:8443"_s, true},
         {QJsonValue::Undefined, false},
-        {7, false},
         {u"http://b.example/appcast.xml"_s, false},
         {u"HTTPS://b.example/appcast.xml"_s, false},
         {u"httpsx://b.example/appcast.xml"_s, false},
