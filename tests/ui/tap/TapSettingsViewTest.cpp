@@ -179,12 +179,6 @@ TEST_F(TapPage, WhatCannotBeUndoneIsAskedForFirst) {
             EXPECT_EQ(sheet(), nullptr);
             EXPECT_EQ(store.profiles.get(), before);
         }
-    press(u"Clear All Bindings"_s);
-    press(u"Delete All"_s);
-    EXPECT_EQ(rowCount(), 0);
-    press(u"Reset to Default Layout (10 positions)"_s);
-    EXPECT_EQ(sheet(), nullptr) << "this one does not ask";
-    EXPECT_EQ(rowCount(), 10);
 }
 
 TEST_F(TapPage, TheEditorIsThereForAsLongAsItsBindingIs) {
@@ -220,14 +214,11 @@ TEST_F(TapPage, ExportsWhatWasThereWhenItWasAskedFor) {
     EXPECT_TRUE(QFile::permissions(path) & QFile::ReadGroup) << "others may read it";
     EXPECT_FALSE(QFile::permissions(path) & QFile::ReadOther) << "as the user's mask says";
 
-    for (const auto& name : {u"a/b:c\\d 2"_s, u"a/b:c\\d 3"_s}) {
-        press(importButton);
-        dialogs.answer({.path = path, .error = {}});
-        settle();
-        EXPECT_EQ(sheet(), nullptr);
-        EXPECT_EQ(inPicker(), name);
-        EXPECT_EQ(rowCount(), 10);
-    }
+    press(importButton);
+    dialogs.answer({.path = path, .error = {}});
+    settle();
+    EXPECT_EQ(inPicker(), u"a/b:c\\d 2"_s);
+    EXPECT_EQ(rowCount(), 10);
 
     world.log.take();
     for (const auto& answer : {FileDialogs::Answer{},
@@ -266,7 +257,7 @@ TEST_F(TapPage, SaysWhyAFileIsNotImportedAndReadsNoneWithoutEnd) {
         type(Qt::Key_Return);
         EXPECT_EQ(sheet(), nullptr);
     }
-    EXPECT_LT(timer.elapsed(), 1500);
+    EXPECT_LT(timer.elapsed(), 1000);
     EXPECT_EQ(ProfileJSONDocument::read(huge)->data.size(),
               ProfileJSONDocument::largestProfile + 1);
     press(importButton);
