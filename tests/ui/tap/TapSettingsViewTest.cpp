@@ -119,6 +119,7 @@ TEST_F(TapPage, SaysWhatIsThereAndWhatIsMissing) {
     expectNotes(true, false);
     store.add({.id = QUuid::createUuid(), .name = u"Later"_s, .appName = u"firefox"_s});
     expectNotes(false, true);
+    EXPECT_EQ(rowCount(), 1);
     EXPECT_EQ(describes(u"Later"_s), u"No Action → firefox, Not recorded — won't trigger"_s);
     store.clearAllBindings();
     settle();
