@@ -18,6 +18,8 @@
 #include <malloc.h>
 #include <sys/stat.h>
 
+#include <utility>
+
 namespace brimlow::test {
 namespace {
 
@@ -74,6 +76,11 @@ struct TapPage : testing::Test {
         world.time.run();
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    /// Of the file dialog that was asked for last, once.
+    void answer(const FileDialogs::Answer& given) {
+        std::exchange(dialogs.answer, {})(given);
+        settle();
     }
     QWidget* sheet() const {
         for (auto* dialog : view->findChildren<QDialog*>())
@@ -211,23 +218,21 @@ TEST_F(TapPage, ExportsWhatWasThereWhenItWasAskedFor) {
     EXPECT_EQ(dialogs.asked, 1) << "its dialog is open";
     store.clearAllBindings();
     const QString path = world.folder.filePath(u"shared ü.json"_s);
-    dialogs.answer({.path = path, .error = {}});
+    answer({.path = path, .error = {}});
     EXPECT_TRUE(QFile::permissions(path) & QFile::ReadGroup) << "others may read it";
     EXPECT_FALSE(QFile::permissions(path) & QFile::ReadOther) << "as the user's mask says";
 
     press(importButton);
-    dialogs.answer({.path = path, .error = {}});
-    settle();
+    answer({.path = path, .error = {}});
     EXPECT_EQ(inPicker(), u"a/b:c\\d 2"_s);
     EXPECT_EQ(rowCount(), 10);
 
     world.log.take();
-    for (const auto& answer : {FileDialogs::Answer{},
-                               {.path = {}, .error = u"No."_s},
-                               {.path = u"/proc/x"_s, .error = {}}}) {
+    for (const auto& given : {FileDialogs::Answer{},
+                              {.path = {}, .error = u"No."_s},
+                              {.path = u"/proc/x"_s, .error = {}}}) {
         press(exportButton);
-        dialogs.answer(answer);
-        settle();
+        answer(given);
         EXPECT_EQ(sheet(), nullptr) << "the user hears nothing";
     }
     EXPECT_EQ(world.log.take(platform::Stream::error).size(), 1) << "of what went wrong";
@@ -251,8 +256,7 @@ TEST_F(TapPage, SaysWhyAFileIsNotImportedAndReadsNoneWithoutEnd) {
           {u"/dev/zero"_s, QString(), unread},
           {huge, QString(), unreadable}}) {
         press(importButton);
-        dialogs.answer({.path = path, .error = error});
-        settle();
+        answer({.path = path, .error = error});
         ASSERT_NE(sheet(), nullptr) << path.toStdString();
         EXPECT_EQ(shownTexts(*sheet()), QStringList({u"Import failed"_s, message}));
         type(Qt::Key_Return);
@@ -262,7 +266,7 @@ TEST_F(TapPage, SaysWhyAFileIsNotImportedAndReadsNoneWithoutEnd) {
     EXPECT_EQ(ProfileJSONDocument::read(huge)->data.size(),
               ProfileJSONDocument::largestProfile + 1);
     press(importButton);
-    dialogs.answer({});
+    answer({});
     EXPECT_EQ(sheet(), nullptr);
     EXPECT_EQ(profileNames(), QStringList(u"Default"_s));
 }
