@@ -113,7 +113,8 @@ struct Access : testing::Test {
 };
 
 TEST_F(Access, APromptThatWasClosedStaysAwayUntilSomethingElseIsMissing) {
-    settings.open(SettingsPane::screenRecording);
+    settings.prompt(SettingsPane::accessibility);
+    settings.open(SettingsPane::accessibility);
     settings.window()->close();
     settings.prompt(SettingsPane::accessibility);
     ASSERT_TRUE(visible()) << "what was opened is not declined by closing it";

@@ -81,8 +81,8 @@ TEST(BindingsCanvas, LongNamesAreElidedInWhicheverDirectionTheyRun) {
                 frame.push_back(x);
         return frame.empty() ? 0 : frame.back() - frame.front() + 1;
     };
-    for (const QString& name : {u"Somewhat longer than one would like"_s,
-                                u"שולחן העבודה"_s.repeated(3), u"two\nlines are one here"_s}) {
+    for (const QString& name :
+         {u"Somewhat longer than one would like"_s, u"שולחן העבודה"_s.repeated(3)}) {
         EXPECT_LE(width(name), 236) << name.toStdString();
         EXPECT_GT(width(name), 180) << name.toStdString();
     }
