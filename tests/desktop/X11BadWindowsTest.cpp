@@ -87,8 +87,9 @@ TEST_P(BadWindows, PropertiesOfTheWrongShapeCountAsAbsent) {
 TEST_P(BadWindows, AWindowMayVanishAtAnyMoment) {
     X11TestClient client(desktop.displayName());
     auto& windows = session->windows();
-    for (const auto request : {&platform::Windows::activate, &platform::Windows::raise,
-                               &platform::Windows::unhide, &platform::Windows::close}) {
+    for (const auto request :
+         {&platform::Windows::activate, &platform::Windows::raise, &platform::Windows::unhide,
+          &platform::Windows::hide, &platform::Windows::close}) {
         const auto window = client.open({title("mayfly")});
         ASSERT_TRUE(becomesListed(window));
         client.destroy(window);
@@ -99,6 +100,8 @@ TEST_P(BadWindows, AWindowMayVanishAtAnyMoment) {
         ASSERT_TRUE(disappears(window));
         EXPECT_EQ((windows.*request)(window).reason, u"that window does not exist any more"_s);
     }
+    EXPECT_FALSE(session->input().post({.keyCode = 13, .down = true, .flags = 0x100000}))
+        << "no window is left to close";
     EXPECT_FALSE(session->connectionLost());
     EXPECT_TRUE(windows.list());
 }

@@ -1,7 +1,5 @@
 #include "tests/desktop/X11Desktop.h"
 
-#include <csignal>
-
 using namespace Qt::StringLiterals;
 
 namespace brimlow::desktop {
@@ -164,19 +162,6 @@ TEST_P(X11Desktop, ClosesTheActiveWindowOnCommandW) {
     EXPECT_TRUE(disappears(first));
     EXPECT_EQ(desktop.state()->windows.size(), 1U);
     EXPECT_TRUE(listed(third));
-}
-
-TEST_P(X11Desktop, RefusesWindowsThatHaveGone) {
-    const auto number = openTerminal(u"mayfly"_s);
-    ASSERT_EQ(::kill(listed(number)->ownerPid, SIGKILL), 0);
-    ASSERT_TRUE(disappears(number));
-    for (const auto request :
-         {&platform::Windows::activate, &platform::Windows::raise, &platform::Windows::unhide,
-          &platform::Windows::hide, &platform::Windows::close}) {
-        EXPECT_EQ((session->windows().*request)(number).reason,
-                  u"that window does not exist any more"_s);
-    }
-    EXPECT_FALSE(session->input().post({.keyCode = 13, .down = true, .flags = 0x100000}));
 }
 
 TEST_P(X11Desktop, TellsWhatItCanDo) {
