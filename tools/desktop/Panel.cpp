@@ -140,10 +140,6 @@ QByteArray Panel::icon() const {
     return all;
 }
 
-void Panel::click() const {
-    ask(itemPath, itemInterface, u"Activate"_s, {0, 0});
-}
-
 std::vector<PanelMenuItem> Panel::menu() const {
     const QString at = property(u"Menu"_s).value<QDBusObjectPath>().path();
     const auto answer = ask(at, menuInterface, u"GetLayout"_s, {0, -1, QStringList()});

@@ -72,7 +72,6 @@ public:
     QVariant property(const QString& name) const;
     /// The bytes of its pictures.
     QByteArray icon() const;
-    void click() const;
     std::vector<PanelMenuItem> menu() const;
     /// False where there is no such line.
     bool choose(const QString& label) const;
