@@ -1,7 +1,5 @@
 #include "platform/linux/access/RuleInstaller.h"
 
-#include "tests/access-helper/Namespace.h"
-
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QFile>
@@ -9,6 +7,7 @@
 #include <QThread>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <optional>
@@ -21,6 +20,7 @@ using platform::Outcome;
 using platform::RuleInstaller;
 
 const QString helper = QStringLiteral(BRIMLOW_ACCESS_HELPER);
+const std::string terminal = ": run the commands below in a terminal instead.";
 
 template<typename Condition>
 bool waitFor(Condition condition) {
@@ -48,19 +48,14 @@ struct Installing : testing::Test {
         RuleInstaller installer(helperPath, pkexec);
         installer.install([&](const Outcome& answer) { outcome = answer; });
         EXPECT_FALSE(outcome) << "before install() has returned";
-        waitFor([&] { return outcome.has_value(); });
-        if (!outcome)
+        if (!waitFor([&] { return outcome.has_value(); }))
             return "(none)";
         return outcome->done ? "done" : outcome->reason.toStdString();
     }
 };
 
 TEST_F(Installing, TellsWhatCameOfIt) {
-    const std::string terminal = ": run the commands below in a terminal instead.";
-    struct {
-        const char* script;
-        std::string answer;
-    } rows[] = {
+    const std::pair<const char*, std::string> rows[] = {
         {"[ \"$#\" = 3 ] && [ \"$1 $3\" = '--disable-internal-agent install' ]", "done"},
         {"exit 126", "The question for the password was closed, so nothing was changed: try again, "
                      "or run the commands below in a terminal."},
@@ -75,8 +70,8 @@ TEST_F(Installing, TellsWhatCameOfIt) {
         {"echo \"Brimlow: SHELL is ${SHELL-unset}\" >&2; exit 4", "SHELL is unset"},
     };
     qputenv("SHELL", "/usr/bin/nothing"); // which pkexec would refuse
-    for (const auto& row : rows)
-        EXPECT_EQ(answer(pkexec(row.script)), row.answer) << row.script;
+    for (const auto& [script, expected] : rows)
+        EXPECT_EQ(answer(pkexec(script)), expected) << script;
     EXPECT_EQ(answer(folder.filePath(u"nowhere"_s)),
               "pkexec, which asks for an administrator's password, is not installed" + terminal);
     EXPECT_EQ(answer(pkexec("exit 0"), folder.filePath(u"nowhere"_s)),
@@ -85,13 +80,9 @@ TEST_F(Installing, TellsWhatCameOfIt) {
 
 /// The real pkexec and polkit, on a bus of their own.
 TEST_F(Installing, AsksPolkit) {
-    if (!isRoot())
+    if (geteuid() != 0)
         GTEST_SKIP() << "only root can start a polkit of its own";
-    const std::string terminal = ": run the commands below in a terminal instead.";
-    struct {
-        const char* stage;
-        std::string answer;
-    } rows[] = {
+    const std::pair<std::string, std::string> rows[] = {
         {"nothing", "The service that asks for permission, polkit, does not run" + terminal},
         {"bus", "The service that asks for permission, polkit, does not run" + terminal},
         {"policy", "The administrator's permission was not given" + terminal},
@@ -99,14 +90,11 @@ TEST_F(Installing, AsksPolkit) {
          "This desktop has nothing that asks for an administrator's password" + terminal},
         {"YES", "done"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(
-            answer(pkexec(std::string("exec unshare -m sh " BRIMLOW_TEST_FOLDER
-                                      "/namespace.sh " BRIMLOW_ACCESS_HELPER " " BRIMLOW_UDEV_RULE
-                                      " '. " BRIMLOW_TEST_FOLDER "/polkit.sh' " BRIMLOW_POLICY " ")
-                          + row.stage + " \"$@\"")),
-            row.answer)
-            << row.stage;
+    const std::string world = "unshare -m sh " BRIMLOW_TEST_FOLDER
+                              "/namespace.sh " BRIMLOW_ACCESS_HELPER " " BRIMLOW_UDEV_RULE;
+    const std::string polkit = " '. " BRIMLOW_TEST_FOLDER "/polkit.sh' " BRIMLOW_POLICY " ";
+    for (const auto& [stage, expected] : rows)
+        EXPECT_EQ(answer(pkexec("exec " + world + polkit + stage + " \"$@\"")), expected) << stage;
 }
 
 TEST_F(Installing, AnswersAllAtOnce) {
