@@ -61,17 +61,5 @@ TEST(MainQueue, RealAndVirtualAgree) {
     EXPECT_EQ(real, "1aAb23t1t2s");
 }
 
-TEST(VirtualTime, RunsWorkAtItsOwnTime) {
-    VirtualTime time;
-    std::vector<double> seen;
-    const auto begin = time.now();
-    const auto timer = time.every(0.1, [&] { seen.push_back(time.now() - begin); });
-    time.advance(0.35);
-    time.setBackWallClock(100);
-    time.advance(0.05);
-    EXPECT_EQ(seen, (std::vector<double>{0.1, 0.2, 0.3, 0.4}));
-    EXPECT_EQ(time.wallClock().secondsSince1970, VirtualTime::startSeconds + 0.4 - 100);
-}
-
 } // namespace
 } // namespace brimlow::test

@@ -44,19 +44,10 @@ TEST(Observable, ObserversMayLeaveComeAndReplaceEachOtherWhileBeingTold) {
     EXPECT_EQ(seen, "aAc");
 }
 
-TEST(Observable, ASubscriptionMayOutliveItsObject) {
+TEST(Observable, ATellingMayNestAndASubscriptionOutliveItsObject) {
     Subscription subscription;
-    {
-        Model model;
-        subscription = model.observeWillChange([] {});
-    }
-    subscription = {};
-}
-
-TEST(Observable, ATellingMayNest) {
     Model model;
     int told = 0;
-    Subscription subscription;
     subscription = model.observeWillChange([&] {
         if (++told < 3)
             model.value = told;
@@ -66,6 +57,7 @@ TEST(Observable, ATellingMayNest) {
     EXPECT_EQ(told, 1 + 2) << "still attached when it assigned";
     model.value = 1;
     EXPECT_EQ(told, 3);
+    subscription = Model().observeWillChange([] {});
 }
 
 TEST(Lifetime, GuardedWorkOfAnOwnerThatIsGoneDoesNothing) {
