@@ -1,7 +1,6 @@
 // Tells the FIFO that BRIMLOW_WITNESS names how this process was started: items "key=value", each
 // followed by a zero byte.
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -17,22 +16,26 @@ void tell(const std::string& key, const std::string& value) {
     report += key + '=' + value + '\0';
 }
 
-void tellDescriptors() {
+std::string descriptors() {
+    std::string targets;
     for (int number = 0; number < 1024; ++number) {
         std::error_code absent;
         const auto target =
             std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(number), absent);
         if (!absent)
-            tell("descriptor", target);
+            targets += target.string() + '\n';
     }
+    return targets;
 }
 
 } // namespace
 
 int main(int count, char* arguments[], char* environment[]) {
-    tellDescriptors();
+    tell("descriptors", descriptors());
+    std::string lines;
     for (int i = 1; i < count; ++i)
-        tell("argument", arguments[i]);
+        lines += std::string(arguments[i]) + '\n';
+    tell("arguments", lines);
     for (char** each = environment; *each; ++each)
         report += std::string("$") + *each + '\0';
     std::ifstream status("/proc/self/status");
@@ -44,13 +47,5 @@ int main(int count, char* arguments[], char* environment[]) {
     tell("process", std::to_string(getpid()));
     tell("session", std::to_string(getsid(0)));
     tell("parent", std::to_string(getppid()));
-    const char* path = std::getenv("BRIMLOW_WITNESS");
-    const int pipe = path ? open(path, O_WRONLY | O_CLOEXEC) : -1;
-    for (std::size_t done = 0; done < report.size();) {
-        const auto written = write(pipe, report.data() + done, report.size() - done);
-        if (written <= 0)
-            return 1;
-        done += std::size_t(written);
-    }
-    return 0;
+    std::ofstream(std::getenv("BRIMLOW_WITNESS")) << report;
 }
