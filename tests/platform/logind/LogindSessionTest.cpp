@@ -21,13 +21,6 @@ namespace {
 
 using testing::IsEmpty;
 
-/// In the environment for all tests of the process, because libdbus looks there once.
-const QString& busFolder() {
-    static const QTemporaryDir folder;
-    static const QString path = folder.path();
-    return path;
-}
-
 class Following : public testing::Test {
 protected:
     static QString pathOf(const QString& id) { return desktop::MockedLogind::pathOf(id); }
@@ -95,88 +88,77 @@ protected:
     char programName[5] = "test";
     char* arguments[2] = {programName, nullptr};
     QCoreApplication application{argumentCount, arguments};
-    desktop::MockedLogind logind{busFolder()};
+    // One for all tests of the process, because libdbus looks into the environment once.
+    inline static const QTemporaryDir busFolder;
+    desktop::MockedLogind logind{busFolder.path()};
     std::vector<bool> told;
     std::optional<LogindSession> followed;
 };
 
 TEST_F(Following, FindsItsSession) {
-    // Numbers of sessions that there are: open, locked, and what is set below.
     struct Way {
         const char* what;
         const char* process;     // its session, or empty
         const char* environment; // XDG_SESSION_ID
         const char* display;     // the user's display session, or empty
         const char* found;
-        bool active;
     };
-    const Way ways[] = {
-        {"by process", "locked", "", "", "locked", false},
-        {"by environment", "", "locked", "", "locked", false},
-        {"by display", "", "", "locked", "locked", false},
-        {"process before environment", "open", "locked", "locked", "open", true},
-        {"environment before display", "", "open", "locked", "open", true},
-        {"the named one is gone", "", "gone", "locked", "locked", false},
-        {"in the background", "away", "", "", "away", false},
-        {"locked in the background", "both", "", "", "both", false},
-        {"states of wrong types", "broken", "", "", "broken", true},
-    };
-    for (const char* id : {"away", "both", "broken"})
-        ASSERT_TRUE(logind.addSession(QString::fromLatin1(id)));
-    for (const Way& way : ways) {
+    ASSERT_TRUE(logind.addSession(u"away"_s));
+    set("away", "Active", "<false>");
+    for (const Way& way : {Way{"by process", "locked", "open", "open", "locked"},
+                           Way{"by environment", "", "locked", "open", "locked"},
+                           Way{"by display", "", "", "locked", "locked"},
+                           Way{"the named one is gone", "", "gone", "locked", "locked"},
+                           Way{"in the background", "away", "", "", "away"}}) {
         SCOPED_TRACE(way.what);
-        set("open", "Active", "<true>");
-        set("locked", "Active", "<true>");
-        set("locked", "LockedHint", "<true>");
-        set("away", "Active", "<false>");
-        set("both", "Active", "<false>");
-        set("both", "LockedHint", "<true>");
-        set("broken", "Active", "<''>");
-        set("broken", "LockedHint", "<'yes'>");
         setProcess(QString::fromLatin1(way.process));
         qputenv("XDG_SESSION_ID", way.environment);
         setDisplay(QString::fromLatin1(way.display));
         told.clear();
         const auto before = logind.log().size();
         follow();
-        const QString path = pathOf(QString::fromLatin1(way.found));
-        EXPECT_TRUE(isLogged(u"GetAll %1 "_s.arg(path), before));
-        // It is this session that decides, and it was read as it should be.
-        set(way.found, "LockedHint", "<false>");
-        set(way.found, "Active", "<true>");
-        set(way.found, "Active", "<false>");
-        EXPECT_TRUE(hears(way.active ? std::vector{false} : std::vector{false, true, false}));
+        EXPECT_TRUE(isLogged(u"GetAll "_s + pathOf(QString::fromLatin1(way.found)), before));
+        EXPECT_TRUE(hears({false}));
     }
+}
+
+TEST_F(Following, TakesStatesOfWrongTypesForNone) {
+    ASSERT_TRUE(logind.addSession(u"broken"_s));
+    set("broken", "Active", "<''>");
+    set("broken", "LockedHint", "<'yes'>");
+    setProcess(u"broken"_s);
+    follow();
+    EXPECT_TRUE(isLogged(u"GetAll "_s + pathOf(u"broken"_s)));
+    set("broken", "Active", "<true>");
+    set("broken", "Active", "<false>");
+    EXPECT_TRUE(hears({false}));
 }
 
 TEST_F(Following, TellsEveryChangeOnce) {
     setDisplay(u"open"_s);
     follow();
-    std::vector<bool> expected;
-    const auto tells = [&](bool active) {
-        expected.push_back(active);
-        return hears(expected);
-    };
-    ASSERT_TRUE(isLogged(u"GetAll "_s + pathOf(u"open"_s)));
+    const QString path = pathOf(u"open"_s);
+    ASSERT_TRUE(isLogged(u"GetAll "_s + path));
     set("open", "LockedHint", "<true>");
-    EXPECT_TRUE(tells(false));
+    EXPECT_TRUE(hears({false}));
     set("open", "Active", "<false>");
     set("open", "LockedHint", "<false>");
     set("open", "Active", "<true>");
-    EXPECT_TRUE(tells(true));
+    EXPECT_TRUE(hears({false, true}));
     set("locked", "Active", "<false>"); // another's
     set("locked", "Active", "<true>");
     // Changed without saying to what.
-    const QString path = pathOf(u"open"_s);
+    const QString session = u"org.freedesktop.login1.Session"_s;
+    const QString mock = u"org.freedesktop.DBus.Mock."_s;
     ASSERT_TRUE(
-        logind.call(path, u"org.freedesktop.DBus.Mock.AddMethod"_s,
-                    {u"org.freedesktop.login1.Session"_s, u"LockQuietly"_s, QString(), QString(),
-                     u"self._set_property('org.freedesktop.login1.Session', 'LockedHint', True)"_s})
-        && logind.call(path, u"org.freedesktop.login1.Session.LockQuietly"_s, {})
-        && logind.call(path, u"org.freedesktop.DBus.Mock.EmitSignal"_s,
+        logind.call(path, mock + u"AddMethod"_s,
+                    {session, u"LockQuietly"_s, QString(), QString(),
+                     u"self._set_property('%1', 'LockedHint', True)"_s.arg(session)})
+        && logind.call(path, session + u".LockQuietly"_s, {})
+        && logind.call(path, mock + u"EmitSignal"_s,
                        {u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s, u"sa{sv}as"_s,
-                        u"[<'org.freedesktop.login1.Session'>, <@a{sv} {}>, <['LockedHint']>]"_s}));
-    EXPECT_TRUE(tells(false));
+                        u"[<'%1'>, <@a{sv} {}>, <['LockedHint']>]"_s.arg(session)}));
+    EXPECT_TRUE(hears({false, true, false}));
 }
 
 TEST_F(Following, LooksAgainWhenSessionsComeAndGo) {
