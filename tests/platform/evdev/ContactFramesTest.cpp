@@ -25,14 +25,11 @@ protected:
 
     ContactIdentities identities_;
     std::string text_;
-    std::int32_t lastFrame_ = 0;
-    ContactFrames frames_{[this](auto fingers, double timestamp, std::int32_t frame) {
+    ContactFrames frames_{[this, last = 0](auto fingers, double timestamp, auto frame) mutable {
         text_ += (text_.empty() ? "" : " ") + textOf(fingers);
-        EXPECT_EQ(frame, ++lastFrame_);
-        for (const MTFinger& finger : fingers) {
-            EXPECT_EQ(finger.frame, frame);
-            EXPECT_EQ(finger.timestamp, timestamp);
-        }
+        EXPECT_EQ(frame, ++last);
+        for (const MTFinger& finger : fingers)
+            EXPECT_TRUE(finger.frame == frame && finger.timestamp == timestamp);
     }};
     std::optional<PadFeed> left_{std::in_place, deviceDescription("synps2-t440"), identities_,
                                  frames_};
@@ -40,17 +37,13 @@ protected:
                                   frames_};
 };
 
-TEST_F(TwoPads, AnEmptyFrameFollowsTheLastLift) {
-    EXPECT_EQ(framesAfter(left_, "id1 . id-1 ."), "1:3 1:7 -");
-    EXPECT_EQ(framesAfter(left_, "id2 . s1 id3 . id-1 . s0 id-1 ."), "2:3 2:4+3:3 2:4+3:7 2:7 -");
-}
-
-TEST_F(TwoPads, EachFrameListsBoth) {
+TEST_F(TwoPads, EachFrameListsBothAndAnEmptyOneFollowsTheLastLift) {
     EXPECT_EQ(framesAfter(left_, "id1 ."), "1:3");
     EXPECT_EQ(framesAfter(right_, "T1 F1 ."), "1:4+2:3");
     EXPECT_EQ(framesAfter(left_, "x3000 ."), "1:4+2:4");
     EXPECT_EQ(framesAfter(right_, "T0 F0 ."), "1:4+2:7");
     EXPECT_EQ(framesAfter(left_, "id-1 ."), "1:7 -");
+    EXPECT_EQ(framesAfter(left_, "id2 . s1 id3 . id-1 . s0 id-1 ."), "3:3 3:4+4:3 3:4+4:7 3:7 -");
 }
 
 TEST_F(TwoPads, AHoveringFingerStaysAfterTheLastLift) {
@@ -59,7 +52,7 @@ TEST_F(TwoPads, AHoveringFingerStaysAfterTheLastLift) {
 }
 
 TEST_F(TwoPads, UnpluggingEndsThatPadsContactsWithoutALift) {
-    EXPECT_EQ(framesAfter(left_, "id1 . s1 id2 ."), "1:3 1:4+2:3");
+    framesAfter(left_, "id1 . s1 id2 .");
     EXPECT_EQ(framesAfter(right_, "T1 F1 ."), "1:4+2:4+3:3");
     left_.reset();
     EXPECT_EQ(frames(), "3:4");

@@ -18,42 +18,29 @@ const std::string head = "# EVEMU 1.3\n"
                          "P: 05\n"
                          "B: 03 03\n"
                          "A: 00 -10 1216 0 0 12\n"; // the first event is on line 7
+const std::string event = "E: 0.000001 0003 0000 1\n";
 
 TEST(Recording, ARefusalNamesTheLineAndTheReason) {
-    const std::string good = head + "E: 0.000001 0003 0000 1\n";
     const std::string time = "7: expected a time as seconds.microseconds with six decimals";
-    const std::string code = "7: expected a code of this event type, hexadecimal";
-    const std::string value = "7: expected a value, decimal, of 32 bits";
-    const std::string early = ": an event before the description's B and A lines";
-    const std::string four = "1: expected four hexadecimal numbers of at most four digits";
     const std::pair<std::string, std::string> rows[] = {
         {"", "0: no events"},
         {head, "6: no events"},
         {head + "E: 0.5 0003 0000 1\n", time},
-        {head + "E: .000001 0003 0000 1\n", time},
         {head + "E: -1.000001 0003 0000 1\n", time},
-        {head + "E: 1.00000x 0003 0000 1\n", time},
         {head + "E: 99999999999.000000 0003 0000 1\n", time},
         {head + "E:\n", time},
         {head + "E: 0.000001 0020 0000 1\n", "7: expected an event type, hexadecimal, at most 1f"},
-        {head + "E: 0.000001 0003 0040 1\n", code},
-        {head + "E: 0.000001 0001 0300 1\n", code},
-        {head + "E: 0.000001 0003 0000 2147483648\n", value},
-        {head + "E: 0.000001 0003 0000 1f\n", value},
-        {head + "E: 0.000001 0003 0000\n", value},
+        {head + "E: 0.000001 0003 0040 1\n", "7: expected a code of this event type, hexadecimal"},
+        {head + "E: 0.000001 0003 0000 2147483648\n", "7: expected a value, decimal, of 32 bits"},
         {head + "E: 0.000001 0003 0000 1 1\n", "7: more fields than expected"},
-        {good + "\nE: 0.000000 0003 0000 1\n", "9: time goes backwards"},
-        {good + "N: again\n", "8: a description among the events"},
-        {good + "A: 00 0 1 0 0\n", "8: a description among the events"},
-        {"E: 0.000001 0003 0000 1\n", "1" + early},
-        {"N: x\nB: 03 03\nE: 0.000001 0003 0000 1\n", "3" + early},
+        {head + event + "\nE: 0.000000 0003 0000 1\n", "9: time goes backwards"},
+        {head + event + "A: 00 0 1 0 0\n", "8: a description among the events"},
+        {event, "1: an event before the description's B and A lines"},
         {head + "Q: 1\n", "7: unknown kind of line"},
         {head + "hello\n", "7: not a line of a recording"},
-        {"I: 0018 06cb 76ad\n", four},
-        {"I: 0018 06cb 176ad 0\n", four},
+        {"I: 0018 06cb 176ad 0\n", "1: expected four hexadecimal numbers of at most four digits"},
         {"P: 05 100\n", "1: expected bytes of two hexadecimal digits"},
         {"P: 00 00 00 00 01\n", "1: more bits than there are codes"},
-        {"B: 20 00\n", "1: expected an event type, hexadecimal, at most 1f"},
         {"A: 40 0 1 0 0 0\n", "1: expected an axis, hexadecimal, at most 3f"},
         {"A: 00 0 1 0\n", "1: expected minimum, maximum, fuzz and flat, decimal"},
         {"A: 00 0 1 0 0 -1\n", "1: expected a resolution, decimal, not below 0"},
@@ -84,20 +71,16 @@ TEST(Recording, ReadsWhatEvemuPrints) {
 }
 
 TEST(Recording, RefusesWhatIsNoFileOfItsKind) {
-    const auto folder = std::filesystem::temp_directory_path() / "brimlow-recording-test";
-    std::filesystem::create_directories(folder);
-    const auto huge = folder / "huge.evemu";
+    const auto huge = std::filesystem::temp_directory_path() / "brimlow-huge.evemu";
     std::ofstream(huge).close();
     std::filesystem::resize_file(huge, largestRecording + 1);
-    const std::pair<std::filesystem::path, std::string> reasons[] = {
-        {"/dev/null", "is not a file"},
-        {folder / "none", "cannot be read: No such file or directory"},
-        {huge, "is larger than 64 MB"}};
-    for (const auto& [path, reason] : reasons) {
-        const auto result = readRecording(path);
-        EXPECT_EQ(std::get<RecordingError>(result).text(), path.string() + ":0: " + reason);
-    }
-    std::filesystem::remove_all(folder);
+    const auto refusal = [](const std::filesystem::path& path) {
+        return std::get<RecordingError>(readRecording(path)).text();
+    };
+    EXPECT_EQ(refusal(huge), huge.string() + ":0: is larger than 64 MB");
+    EXPECT_EQ(refusal("/dev/null"), "/dev/null:0: is not a file");
+    EXPECT_EQ(refusal("/none"), "/none:0: cannot be read: No such file or directory");
+    std::filesystem::remove(huge);
 }
 
 TEST(Recording, TheShippedOneIsTheDemo) {
