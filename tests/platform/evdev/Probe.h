@@ -10,10 +10,12 @@ namespace brimlow::platform {
 /// A running touch-probe. It is told to end, and waited for, when this is destroyed.
 class Probe {
 public:
-    explicit Probe(const QProcessEnvironment& environment, const QStringList& arguments = {}) {
+    /// `prefix` is a command that starts it, if need be.
+    explicit Probe(const QProcessEnvironment& environment, QStringList prefix = {}) {
+        prefix << QStringLiteral(BRIMLOW_TOUCH_PROBE) << QStringLiteral(BRIMLOW_TOUCH_IMAGE);
+        const QString program = prefix.takeFirst();
         process_.setProcessEnvironment(environment);
-        process_.start(QStringLiteral(BRIMLOW_TOUCH_PROBE),
-                       QStringList{QStringLiteral(BRIMLOW_TOUCH_IMAGE)} + arguments);
+        process_.start(program, prefix);
     }
     ~Probe() { finish(); }
 
@@ -34,10 +36,11 @@ public:
         return lines;
     }
 
-    /// Sends it a line, to which it says "asked" last.
-    void ask(const char* line = "unreadable?\n") {
+    /// Sends it a line; what it says up to "asked".
+    std::vector<std::string> ask(const char* line = "unreadable?\n") {
         process_.write(line);
         process_.waitForBytesWritten();
+        return upTo("asked");
     }
 
     /// Ends it; what it wrote on standard error.

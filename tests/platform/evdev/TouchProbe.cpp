@@ -1,17 +1,16 @@
 // touch-probe: opens the framework's image as the program does, and prints what comes out of it.
 //
-//     touch-probe <image> [<user id>]
+//     touch-probe <image>
 //
 // One line each: "device" or "no device", then per frame "frame <id>:<state>@<x>,<y> ...", per
 // button notice "left", "lost" or "gone". A line on standard input asks for the unreadable
 // trackpads: "unreadable <node>" for each, then "asked"; the lines "stop", "away" and "back" do
-// what they say first. With a user id it becomes that user first.
+// what they say first.
 
 #include "platform/MultitouchSupport.h"
 #include "platform/linux/evdev/InputReader.h"
 
 #include <dlfcn.h>
-#include <grp.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -47,15 +46,11 @@ Function symbol(void* image, const char* name) {
     return reinterpret_cast<Function>(dlsym(image, name));
 }
 
-bool becomeUser(uid_t user) {
-    return setgroups(0, nullptr) == 0 && setgid(user) == 0 && setuid(user) == 0;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
     void* image = argc > 1 ? dlopen(argv[1], RTLD_NOW) : nullptr;
-    if (!image || (argc > 2 && !becomeUser(static_cast<uid_t>(std::stoul(argv[2])))))
+    if (!image)
         return 1;
     const auto create = symbol<MTDeviceCreateDefaultFunction>(image, "MTDeviceCreateDefault");
     const auto attach =
