@@ -1,8 +1,10 @@
 #include "platform/linux/applications/GioApplications.h"
 #include "tests/platform/applications/EntryFolder.h"
-#include "tests/platform/applications/Tokens.h"
 #include "tests/support/TestPlatform.h"
+#include "tools/desktop/PrivateBus.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QHash>
 
@@ -20,6 +22,18 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace platform;
 
+/// Gives numbered tokens and remembers those that came back.
+struct Tokens final : Startup {
+    QString begin(const DesktopEntry& application) override {
+        began << application.id;
+        return u"token %1"_s.arg(began.size());
+    }
+    void abandon(const QString& token) override { abandoned << token; }
+
+    QStringList began;
+    QStringList abandoned;
+};
+
 class Launch : public testing::Test {
 protected:
     void SetUp() override {
@@ -28,13 +42,12 @@ protected:
         qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
     }
 
-    Outcome launch(const QByteArray& exec, const QByteArray& keys = {}) {
-        const QString file = world.folder.filePath(u"applications/x.desktop"_s);
-        writeFile(file, entryText("x", exec, keys));
-        return applications.launch(u"x"_s, tokens);
-    }
-    Outcome launchWitness(const QByteArray& arguments, const QByteArray& keys = {}) {
-        return launch(BRIMLOW_LAUNCH_WITNESS " " + arguments, keys);
+    /// Starts an application of this id that runs the witness.
+    Outcome launch(const QByteArray& arguments, const QByteArray& keys = {},
+                   const QString& id = u"x"_s) {
+        writeFile(world.folder.filePath(u"applications/%1.desktop"_s.arg(id)),
+                  entryText("x", BRIMLOW_LAUNCH_WITNESS " " + arguments, keys));
+        return applications.launch(id, tokens);
     }
 
     /// Waits until a launched witness has told all; by key.
@@ -47,6 +60,8 @@ protected:
         return values;
     }
 
+    int argumentCount = 0;
+    QCoreApplication application{argumentCount, nullptr};
     TestPlatform world;
     Tokens tokens;
     GioApplications applications{{{world.folder.path(), false}}, std::chrono::milliseconds(0)};
@@ -55,13 +70,12 @@ protected:
 
 TEST_F(Launch, GivesHostileLinesToTheProgramAsTheyAre) {
     const QByteArray canary = world.folder.filePath(u"canary"_s).toUtf8();
-    ASSERT_TRUE(launchWitness("; touch " + canary + " && $(touch " + canary + ") `touch " + canary
-                              + "` $HOME ~ * \"\\\\$(x)\" 'a b' %f %u %% --icon %i %c "
-                              + QByteArray(100'000, 'x')));
-    EXPECT_EQ(told()["arguments"],
-              ";\ntouch\n" + canary + "\n&&\n$(touch\n" + canary + ")\n`touch\n" + canary
-                  + "`\n$HOME\n~\n*\n$(x)\na b\n%\n--icon\nx\n" + QByteArray(100'000, 'x') + '\n');
-    EXPECT_FALSE(launchWitness("\"unbalanced"));
+    const QByteArray rest(100'000, 'x');
+    ASSERT_TRUE(launch("; $(touch " + canary
+                       + ") && `id` $HOME ~ * \"\\\\$(x)\" 'a b' %f %u %% %i %c " + rest));
+    EXPECT_EQ(told()["arguments"], ";\n$(touch\n" + canary + ")\n&&\n`id`\n$HOME\n~\n*\n$(x)\na b\n"
+                                       + "%\nx\n" + rest + '\n');
+    EXPECT_FALSE(launch("\"unbalanced"));
     EXPECT_FALSE(QFile::exists(QString::fromUtf8(canary)));
 }
 
@@ -76,7 +90,7 @@ TEST_F(Launch, GivesTheProgramAFreshStart) {
     const int inheritable = open("/dev/zero", O_RDONLY);
     qputenv("HOME", world.folder.path().toUtf8());
 
-    ASSERT_TRUE(launchWitness("one"));
+    ASSERT_TRUE(launch("one"));
     const auto witness = told();
     EXPECT_EQ(witness["descriptors"], "/dev/null\n/dev/null\n/dev/null\n");
     EXPECT_EQ(witness["SigBlk"].toULongLong(nullptr, 16), 0U);
@@ -94,7 +108,7 @@ TEST_F(Launch, GivesTheProgramAFreshStart) {
 }
 
 TEST_F(Launch, HandsTheTokenOverAndStartsInTheFolder) {
-    ASSERT_TRUE(launchWitness({}, "StartupNotify=true\nPath=/usr/share\n"));
+    ASSERT_TRUE(launch({}, "StartupNotify=true\nPath=/usr/share\n"));
     const auto witness = told();
     EXPECT_EQ(witness["$DESKTOP_STARTUP_ID"], "token 1");
     EXPECT_EQ(witness["folder"], "/usr/share");
@@ -103,22 +117,44 @@ TEST_F(Launch, HandsTheTokenOverAndStartsInTheFolder) {
 }
 
 TEST_F(Launch, TakesTheTokenBackWhenItFails) {
-    const auto outcome = launchWitness({}, "StartupNotify=true\nPath=/nonexistent/folder\n");
+    const auto outcome = launch({}, "StartupNotify=true\nPath=/nonexistent/folder\n");
     EXPECT_FALSE(outcome);
     EXPECT_TRUE(outcome.reason.contains(u"/nonexistent/folder"_s)) << outcome.reason.toStdString();
     EXPECT_FALSE(outcome.reason.endsWith(u'.'));
-    EXPECT_FALSE(launchWitness(QByteArray(200'000, 'x'), "StartupNotify=true\n"));
+    EXPECT_FALSE(launch(QByteArray(200'000, 'x'), "StartupNotify=true\n"));
     EXPECT_EQ(tokens.abandoned, QStringList({u"token 1"_s, u"token 2"_s}));
     EXPECT_EQ(applications.launch(u"absent"_s, tokens).reason,
               u"no application has that identifier"_s);
     EXPECT_EQ(tokens.began.size(), 2);
 }
 
-TEST_F(Launch, StartsWhatTheBusWouldActivateWhereThereIsNoBus) {
-    writeFile(world.folder.filePath(u"applications/org.example.X.desktop"_s),
-              entryText("x", BRIMLOW_LAUNCH_WITNESS " direct", "DBusActivatable=true\n"));
-    ASSERT_TRUE(applications.launch(u"org.example.X"_s, tokens));
+TEST_F(Launch, HasTheBusStartWhatAsksForItAndOutlivesTheBus) {
+    const QString id = u"org.example.X"_s;
+    const QByteArray activatable = "DBusActivatable=true\n";
+    ASSERT_TRUE(launch("direct", activatable, id)) << "there is no bus";
     EXPECT_EQ(told()["arguments"], "direct\n");
+
+    writeFile(world.folder.filePath(u"dbus-1/services/x.service"_s),
+              "[D-BUS Service]\nName=org.example.X\nExec=" BRIMLOW_LAUNCH_WITNESS " bus\n");
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"XDG_DATA_HOME"_s, world.folder.path());
+    desktop::PrivateBus bus(world.folder.path());
+    ASSERT_EQ(bus.start(environment), QString());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+    ASSERT_TRUE(launch("direct", activatable, id));
+    EXPECT_EQ(told()["arguments"], "bus\n");
+    ASSERT_TRUE(launch("direct", activatable + "StartupNotify=true\n", u"org.example.Nobody"_s));
+    EXPECT_EQ(tokens.abandoned, QStringList());
+    const QDeadlineTimer deadline(10'000);
+    while (tokens.abandoned.isEmpty() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    EXPECT_EQ(tokens.abandoned, QStringList{u"token 1"_s});
+
+    bus.stop();
+    for (int turn = 0; turn < 20; ++turn)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    ASSERT_TRUE(launch("still here"));
+    EXPECT_EQ(told()["arguments"], "still\nhere\n");
 }
 
 } // namespace
