@@ -45,16 +45,6 @@ struct Coordinator : testing::Test {
     QStringList log() { return world.log.take(platform::Stream::error); }
 };
 
-TEST_F(Coordinator, StartMayRunAgain) {
-    coordinator->start();
-    EXPECT_EQ(log(), QStringList(u"AppCoordinator: tap detection ENABLED"_s));
-    EXPECT_EQ(world.devices.listenerCount(), 1U);
-    int assignments = 0;
-    const auto subscription = permissions.observeWillChange([&] { ++assignments; });
-    wait(2);
-    EXPECT_EQ(assignments, 2) << "one poll, two permissions";
-}
-
 TEST_F(Coordinator, ATapHappensAfterItsDelay) {
     tapRight();
     EXPECT_EQ(log(), matched);
@@ -166,7 +156,8 @@ TEST_F(Coordinator, AClickIsRequiredWithinHalfASecondAlsoOfTheToggle) {
 }
 
 TEST_F(Coordinator, WhileRecordingATapIsASampleWhateverItIs) {
-    settings.setTapEnabled(false);
+    int changes = 0;
+    const auto subscription = coordinator->observeWillChange([&] { ++changes; });
     coordinator->recorder.start(1);
     tapRight({.majorAxis = 99});
     wait(1);
@@ -174,6 +165,9 @@ TEST_F(Coordinator, WhileRecordingATapIsASampleWhateverItIs) {
     EXPECT_EQ(coordinator->recorder.capturedSamples->size(), 1U);
     wait(1);
     EXPECT_EQ(log().size(), 2) << "one TAP line each, nothing matched";
+    EXPECT_EQ(changes, 2) << "its own lastTap; neither the recorder's changes nor the pad's";
+    change();
+    EXPECT_EQ(changes, 3) << "the store's are its own";
 }
 
 TEST_F(Coordinator, TheClickTapComesBackEachTimeTheSystemDisablesIt) {
@@ -189,16 +183,6 @@ TEST_F(Coordinator, TheClickTapComesBackEachTimeTheSystemDisablesIt) {
     }
 }
 
-TEST_F(Coordinator, ChangesOfTheStoreAreItsOwn) {
-    int changes = 0;
-    const auto subscription = coordinator->observeWillChange([&] { ++changes; });
-    change();
-    EXPECT_EQ(changes, 1);
-    coordinator->recorder.start(0);
-    tapRight();
-    EXPECT_EQ(changes, 2) << "its own lastTap; neither the recorder's changes nor the pad's";
-}
-
 TEST_F(Coordinator, WhatIsLeftToDoIsDroppedWithIt) {
     tapRight();
     world.devices.click();
@@ -210,7 +194,7 @@ TEST_F(Coordinator, WhatIsLeftToDoIsDroppedWithIt) {
     EXPECT_EQ(world.session.takeJournal(), QStringList());
 }
 
-TEST_F(Coordinator, WithoutAnInputSubsystemOnlyClicksAreMissing) {
+TEST_F(Coordinator, MayStartAgainWhenAnInputSubsystemHasCome) {
     world.devices.setAvailable(false);
     settings.setTapEnabled(false);
     coordinator.emplace(settings, permissions, 0);
@@ -221,6 +205,15 @@ TEST_F(Coordinator, WithoutAnInputSubsystemOnlyClicksAreMissing) {
                                   u"Check Accessibility permission."_s}));
     tapRight();
     EXPECT_TRUE(coordinator->lastTap->has_value());
+
+    world.devices.setAvailable(true);
+    coordinator->start();
+    coordinator->start();
+    EXPECT_EQ(world.devices.listenerCount(), 1U);
+    int assignments = 0;
+    const auto subscription = permissions.observeWillChange([&] { ++assignments; });
+    wait(2);
+    EXPECT_EQ(assignments, 2) << "one poll, two permissions";
 }
 
 } // namespace

@@ -106,20 +106,17 @@ TEST_F(Entries, SkipsBrokenFilesWithOneLineForEachVersion) {
 
 TEST_F(Entries, SkipsWhatIsNoFile) {
     const std::string folder = user({}).toStdString();
-    QDir().mkpath(user(u"folder.desktop"_s));
-    QDir().mkpath(user(u"below"_s));
+    writeFile(user(u"below/right.desktop"_s), entryText("Right", "ls"));
+    writeFile(user(u"two\nlines.desktop"_s), {});
     ASSERT_EQ(mkfifo((folder + "pipe.desktop").c_str(), 0600), 0);
     ASSERT_EQ(symlink("nowhere", (folder + "dangling.desktop").c_str()), 0);
     ASSERT_EQ(symlink("..", (folder + "below/loop").c_str()), 0);
     ASSERT_EQ(symlink("here", (folder + ".#locked.desktop").c_str()), 0);
-    writeFile(user(u"two\nlines.desktop"_s), {});
-    writeFile(user(u"below/right.desktop"_s), entryText("Right", "ls"));
     EXPECT_EQ(shown(QDir::homePath() + u"/Applications"_s), QStringList{u"Right.app"_s});
     EXPECT_TRUE(applications.catalogue()->find(u"below-right"_s));
     const QString line = u"Brimlow: the desktop entry \"%1\" is skipped: %2"_s;
     EXPECT_EQ(world.log.take(),
               QStringList({line.arg(user(u"dangling.desktop"_s), u"the link leads nowhere"_s),
-                           line.arg(user(u"folder.desktop"_s), u"it is no file"_s),
                            line.arg(user(u"pipe.desktop"_s), u"it is no file"_s),
                            line.arg(user(u"two lines.desktop"_s), u"it is no desktop entry"_s)}));
 }
@@ -131,24 +128,20 @@ TEST_F(Entries, NoticesWhatComesChangesAndGoes) {
 
     writeFile(system(u"a.desktop"_s), entryText("Again", "ls"));
     writeFile(system(u"deep/er/b.desktop"_s), entryText("Below", "ls"));
-    EXPECT_EQ(shown(), QStringList({u"Again.app"_s, u"Below.app"_s}));
-    EXPECT_EQ(first->find(u"a"_s)->name, u"First"_s);
-
     writeFile(user(u"a.desktop"_s), entryText("Mine", "ls"));
-    EXPECT_EQ(applications.catalogue()->find(u"a"_s)->name, u"Mine"_s);
     EXPECT_EQ(shown(), QStringList({u"Again.app"_s, u"Below.app"_s}));
-    EXPECT_EQ(shown(QDir::homePath() + u"/Applications"_s), QStringList{u"Mine.app"_s});
-
+    EXPECT_EQ(applications.catalogue()->find(u"a"_s)->name, u"Mine"_s);
+    EXPECT_EQ(first->find(u"a"_s)->name, u"First"_s);
     QFile::remove(user(u"a.desktop"_s));
     QFile::remove(system(u"deep/er/b.desktop"_s));
     EXPECT_EQ(shown(), QStringList{u"Again.app"_s});
+    EXPECT_EQ(applications.catalogue()->find(u"a"_s)->name, u"Again"_s);
 }
 
 TEST_F(Entries, NoticesThatAProgramHasCome) {
     const QString program = world.folder.filePath(u"bin/program"_s);
     writeFile(system(u"tried.desktop"_s), entryText("Tried", "ls", "TryExec=" + program.toUtf8()));
     writeFile(system(u"run.desktop"_s), entryText("Run", program.toUtf8()));
-    EXPECT_EQ(shown(), QStringList());
     writeFile(program, "#!/bin/sh\n");
     EXPECT_EQ(shown(), QStringList()); // it cannot be run
     QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
@@ -157,22 +150,20 @@ TEST_F(Entries, NoticesThatAProgramHasCome) {
 }
 
 TEST_F(Entries, AnswersFromSeveralThreadsWhileFilesChange) {
-    for (int i = 0; i < 20; ++i)
-        writeFile(system(QString::number(i) + u".desktop"_s), entryText("x", i ? "ls" : "\""));
-    std::vector<std::thread> threads;
-    threads.reserve(4);
+    writeFile(system(u"broken.desktop"_s), entryText("x", "\""));
+    writeFile(system(u"good.desktop"_s), entryText("x", "ls"));
+    std::vector<std::jthread> threads;
     for (int thread = 0; thread < 4; ++thread) {
         threads.emplace_back([&, thread] {
             for (int round = 0; round < 20; ++round) {
                 writeFile(user(QString::number(thread) + u".desktop"_s), entryText("y", "ls"));
-                EXPECT_EQ(applications.catalogue()->find(u"19"_s)->name, u"x"_s);
+                EXPECT_EQ(applications.catalogue()->find(u"good"_s)->name, u"x"_s);
             }
         });
     }
-    for (auto& thread : threads)
-        thread.join();
+    threads.clear();
     EXPECT_EQ(applications.catalogue()->find(u"3"_s)->name, u"y"_s);
-    EXPECT_EQ(world.log.take().filter(u"system/applications/0.desktop"_s).size(), 1);
+    EXPECT_EQ(world.log.take().filter(u"broken.desktop"_s).size(), 1);
 }
 
 TEST_F(Entries, ListsFiveHundredAgainQuickly) {
