@@ -13,14 +13,11 @@ namespace {
 /// Pages of files that the process holds, in kilobytes.
 long filePages() {
     std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;) {
-        if (word != "RssFile:")
-            continue;
-        long kilobytes = 0;
-        status >> kilobytes;
-        return kilobytes;
+    std::string line;
+    while (std::getline(status, line) && !line.starts_with("RssFile:")) {
+        // before it
     }
-    return 0;
+    return std::stol(line.substr(8));
 }
 
 TEST(SpareMemory, GivesPagesOfLibrariesBackAndTheyComeAgain) {

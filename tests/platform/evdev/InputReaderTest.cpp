@@ -65,11 +65,19 @@ protected:
 
 TEST_F(Reading, DeliversThePadsThatAreThereAndThoseThatCome) {
     std::optional<MockedPad> first(std::in_place, input_, ordinaryTrackpad(), 5);
+    MockedPad mouse(input_, ordinaryMouse(), 9);
     Probe probe(environment());
     EXPECT_EQ(probe.next(), "device");
     expectTap(*first, probe);
     MockedPad second(input_, ordinaryTrackpad(), 6);
     expectTap(second, probe);
+    expectTouch(*first, probe);
+    EXPECT_THAT(probe.ask("away\n"), ElementsAre("frame", "asked"));
+    MockedPad late(input_, ordinaryTrackpad(), 8);
+    mouse.playUnheard(press());
+    EXPECT_THAT(probe.ask("back\n"), ElementsAre("asked"));
+    expectTap(late, probe);
+
     expectTouch(*first, probe);
     first.reset();
     EXPECT_THAT(probe.upTo("gone"), ElementsAre("frame", "gone"));
@@ -149,23 +157,6 @@ TEST_F(Reading, KeepsTheTimesOfARecordingAndThenIsSilent) {
     EXPECT_EQ(probe.upTo("frame").back(), "frame");
     mouse.write(press()); // nobody but the recording is heard
     EXPECT_EQ(probe.next(200), "(silent)");
-}
-
-TEST_F(Reading, HasNoDeviceOpenWhileTheSessionIsInactive) {
-    MockedPad pad(input_, ordinaryTrackpad(), 5);
-    MockedPad mouse(input_, ordinaryMouse(), 6);
-    Probe probe(environment());
-    EXPECT_EQ(probe.next(), "device");
-    expectTouch(pad, probe);
-    EXPECT_THAT(probe.ask("away\n"), ElementsAre("frame", "asked"));
-    MockedPad late(input_, ordinaryTrackpad(), 7);
-    pad.playUnheard(PadScript().tap({0.5, 0.5}, 0.02, 0.04).events());
-    mouse.playUnheard(press());
-    EXPECT_THAT(probe.ask("back\n"), ElementsAre("asked"));
-    expectTap(pad, probe);
-    expectTap(late, probe);
-    mouse.write(press());
-    EXPECT_EQ(probe.next(), "left");
 }
 
 } // namespace

@@ -24,11 +24,8 @@ TEST(Recording, ARefusalNamesTheLineAndTheReason) {
     const std::string time = "7: expected a time as seconds.microseconds with six decimals";
     const std::pair<std::string, std::string> rows[] = {
         {"", "0: no events"},
-        {head, "6: no events"},
         {head + "E: 0.5 0003 0000 1\n", time},
-        {head + "E: -1.000001 0003 0000 1\n", time},
         {head + "E: 99999999999.000000 0003 0000 1\n", time},
-        {head + "E:\n", time},
         {head + "E: 0.000001 0020 0000 1\n", "7: expected an event type, hexadecimal, at most 1f"},
         {head + "E: 0.000001 0003 0040 1\n", "7: expected a code of this event type, hexadecimal"},
         {head + "E: 0.000001 0003 0000 2147483648\n", "7: expected a value, decimal, of 32 bits"},
@@ -41,7 +38,6 @@ TEST(Recording, ARefusalNamesTheLineAndTheReason) {
         {"I: 0018 06cb 176ad 0\n", "1: expected four hexadecimal numbers of at most four digits"},
         {"P: 05 100\n", "1: expected bytes of two hexadecimal digits"},
         {"P: 00 00 00 00 01\n", "1: more bits than there are codes"},
-        {"A: 40 0 1 0 0 0\n", "1: expected an axis, hexadecimal, at most 3f"},
         {"A: 00 0 1 0\n", "1: expected minimum, maximum, fuzz and flat, decimal"},
         {"A: 00 0 1 0 0 -1\n", "1: expected a resolution, decimal, not below 0"},
         {"A: 00 2 1 0 0 0\n", "1: the axis' minimum is above its maximum"}};
@@ -79,7 +75,6 @@ TEST(Recording, RefusesWhatIsNoFileOfItsKind) {
     };
     EXPECT_EQ(refusal(huge), huge.string() + ":0: is larger than 64 MB");
     EXPECT_EQ(refusal("/dev/null"), "/dev/null:0: is not a file");
-    EXPECT_EQ(refusal("/none"), "/none:0: cannot be read: No such file or directory");
     std::filesystem::remove(huge);
 }
 

@@ -88,16 +88,17 @@ TEST(TouchDecoder, SurvivesAnyEvents) {
         TouchDecoder decoder(deviceDescription(device), identities);
         for (int count = 0; count < 50'000; ++count) {
             input_event event{};
-            event.type = static_cast<std::uint16_t>(draw(0, 4) == 4 ? draw(0, 0xffff) : draw(0, 3));
-            event.code = static_cast<std::uint16_t>(draw(0, 2) ? draw(0x2f, 0x3a) : draw(0, 0x200));
-            event.value = draw(0, 3) ? draw(-2, 20) : draw(INT32_MIN, INT32_MAX);
-            if (draw(0, 5) == 0)
-                event.type = event.code = 0;
+            if (draw(0, 5) > 0) {
+                event.type = static_cast<std::uint16_t>(draw(0, 4));
+                event.code =
+                    static_cast<std::uint16_t>(draw(0, 2) ? draw(0x2f, 0x3a) : draw(0, 0x200));
+                event.value = draw(0, 3) ? draw(-2, 20) : draw(INT32_MIN, INT32_MAX);
+            }
             decoder.feed(event);
             ASSERT_LE(decoder.contacts().size(), decoder.maximumContacts());
             for (const MTFinger& finger : decoder.contacts()) {
-                ASSERT_TRUE(finger.normalized.pos.x >= 0 && finger.normalized.pos.x <= 1);
-                ASSERT_TRUE(finger.normalized.pos.y >= 0 && finger.normalized.pos.y <= 1);
+                const auto [x, y] = finger.normalized.pos;
+                ASSERT_TRUE(x >= 0 && x <= 1 && y >= 0 && y <= 1);
                 ASSERT_TRUE(finger.size >= 0 && finger.size <= 1.5F);
             }
         }

@@ -164,15 +164,6 @@ TEST_F(IconsTest, NoticesChangesAfterAWhile) {
     EXPECT_EQ(colour(u"late"_s), scratch.colour(fallback));
 }
 
-TEST_F(IconsTest, LivesWithAnyIndex) {
-    for (const char* index : {"\xff[[\n=", "[Icon Theme]\nDirectories=48x48\n",
-                              "[Icon Theme]\nDirectories=48x48\n[48x48]\nSize=-1\nScale=0\n"}) {
-        scratch.write(u"user/Mine/index.theme"_s, index);
-        time.advance(5);
-        EXPECT_EQ(colour(u"x"_s), scratch.colour(fallback)) << index;
-    }
-}
-
 TEST(ConfiguredIconTheme, IsReadFromTheDesktopsSettings) {
     const ScratchIcons scratch;
     qputenv("XDG_CONFIG_HOME", scratch.path({}).toUtf8());

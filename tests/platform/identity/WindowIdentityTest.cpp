@@ -46,7 +46,8 @@ DesktopEntry entry(const QString& id, const QString& program = {}, const QString
 
 const ApplicationCatalogue& installed() {
     static const ApplicationCatalogue catalogue(
-        {entry(u"org.example.Editor"_s, u"/usr/bin/editor"_s),
+        {DesktopEntry{.id = u"helper"_s, .startupWmClass = u"XTerm"_s, .listed = false},
+         entry(u"org.example.Editor"_s, u"/usr/bin/editor"_s),
          entry(u"debian-xterm"_s, u"/usr/bin/xterm"_s, u"XTerm"_s),
          entry(u"web-app"_s, u"/usr/bin/browser"_s, u"crx_mail"_s),
          entry(u"browser"_s, u"/usr/bin/browser"_s, u"Browser"_s), entry(u"Calc"_s),

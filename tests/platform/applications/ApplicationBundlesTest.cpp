@@ -1,5 +1,4 @@
 #include "platform/ApplicationCatalogue.h"
-
 #include "tests/support/Printing.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +23,7 @@ DesktopEntry hidden(DesktopEntry made) {
     return made;
 }
 
-TEST(ApplicationCatalogue, ShowsEachApplicationOnceInItsFolder) {
+TEST(ApplicationBundles, ShowEachApplicationOnceInItsFolder) {
     const ApplicationCatalogue catalogue(
         {userEntry(u"mail"_s, u"My Mail"_s), userEntry(u"notes"_s, u"Заметки 日本"_s),
          hidden(userEntry(u"chess"_s, u"Chess"_s)), entry(u"mail"_s, u"Mail"_s),
@@ -44,31 +43,6 @@ TEST(ApplicationCatalogue, ShowsEachApplicationOnceInItsFolder) {
     EXPECT_FALSE(bundles.entryAt(u"/Applications/Chess.app"_s)->listed);
     EXPECT_TRUE(bundles.entryAt(u"/Applications/Mail.app"_s)->userOwned);
     EXPECT_EQ(bundles.entryAt(u"/Applications/My Mail.app"_s), nullptr);
-}
-
-TEST(ApplicationCatalogue, FindsByEachKindOfEvidence) {
-    auto terminal = entry(u"debian-xterm"_s, u"XTerm"_s);
-    terminal.startupWmClass = u"XTerm"_s;
-    terminal.program = u"/usr/bin/xterm"_s;
-    auto unlisted = hidden(entry(u"a-xterm"_s, u"Helper"_s));
-    unlisted.startupWmClass = u"XTerm"_s;
-    auto writer = entry(u"Office.Writer"_s, u"Writer"_s);
-    auto table = entry(u"office.table"_s, u"Table"_s);
-    auto draw = entry(u"office.draw"_s, u"Draw"_s);
-    writer.program = table.program = draw.program = u"/opt/office"_s;
-    auto mail = entry(u"mail"_s, u"Mail"_s);
-    mail.file = u"/s/mail.desktop"_s;
-    const ApplicationCatalogue catalogue(
-        {userEntry(u"mail"_s, u"Mail"_s), mail, unlisted, terminal, writer, table, draw}, {});
-    EXPECT_TRUE(catalogue.find(u"mail"_s)->userOwned);
-    EXPECT_EQ(catalogue.findByFile(u"/s/mail.desktop"_s), catalogue.find(u"mail"_s));
-    EXPECT_EQ(catalogue.find(u"office.writer"_s), nullptr);
-    EXPECT_EQ(catalogue.findIgnoringCase(u"office.writer"_s)->id, u"Office.Writer"_s);
-    EXPECT_EQ(catalogue.findByWmClass(u"XTerm"_s)->id, u"debian-xterm"_s);
-    EXPECT_EQ(catalogue.findByWmClass(QString()), nullptr);
-    EXPECT_EQ(catalogue.findByProgram(u"/usr/bin/xterm"_s)->id, u"debian-xterm"_s);
-    EXPECT_EQ(catalogue.findByProgram(u"/opt/office"_s), nullptr);
-    EXPECT_EQ(catalogue.findByProgram(QString()), nullptr);
 }
 
 } // namespace
