@@ -13,17 +13,6 @@ struct Model : ObservableObject {
     Published<int> value{*this, 1};
 };
 
-TEST(Observable, TellsBeforeEachAssignmentChangedOrNot) {
-    Model model;
-    std::string seen;
-    const auto subscription =
-        model.observeWillChange([&] { seen += std::to_string(model.value.get()); });
-    model.value = 1;
-    model.value = 2;
-    model.value = 3;
-    EXPECT_EQ(seen, "112");
-}
-
 TEST(Observable, ObserversMayLeaveComeAndReplaceEachOtherWhileBeingTold) {
     Model model;
     std::string seen;
@@ -58,16 +47,6 @@ TEST(Observable, ATellingMayNestAndASubscriptionOutliveItsObject) {
     model.value = 1;
     EXPECT_EQ(told, 3);
     subscription = Model().observeWillChange([] {});
-}
-
-TEST(Lifetime, GuardedWorkOfAnOwnerThatIsGoneDoesNothing) {
-    int ran = 0;
-    auto owner = std::make_unique<Lifetime>();
-    auto work = owner->guard([&] { ++ran; });
-    work();
-    owner.reset();
-    work();
-    EXPECT_EQ(ran, 1);
 }
 
 } // namespace

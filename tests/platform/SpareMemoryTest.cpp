@@ -13,11 +13,12 @@ namespace {
 /// Pages of files that the process holds, in kilobytes.
 long filePages() {
     std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line) && !line.starts_with("RssFile:")) {
-        // before it
-    }
-    return std::stol(line.substr(8));
+    std::string word;
+    while (word != "RssFile:" && status >> word)
+        continue;
+    long kilobytes = 0;
+    status >> kilobytes;
+    return kilobytes;
 }
 
 TEST(SpareMemory, GivesPagesOfLibrariesBackAndTheyComeAgain) {

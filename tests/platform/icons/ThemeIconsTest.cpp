@@ -101,11 +101,10 @@ TEST_F(IconsTest, FillsASquareAndKeepsTheShape) {
             EXPECT_EQ(image.size(), QSize(side, side));
             EXPECT_EQ(image.devicePixelRatio(), ratio);
             const QColor colour = scratch.colour(file);
-            for (const int x : {1, side / 2, side - 2}) {
-                EXPECT_EQ(image.pixelColor(x, side / 2), colour) << suffix;
-                EXPECT_EQ(image.pixelColor(x, side / 4 - 2).alpha(), 0) << suffix;
-                EXPECT_EQ(image.pixelColor(x, side - side / 4 + 1).alpha(), 0) << suffix;
-            }
+            EXPECT_EQ(image.pixelColor(1, side / 2), colour) << suffix;
+            EXPECT_EQ(image.pixelColor(side - 2, side / 2), colour) << suffix;
+            EXPECT_EQ(image.pixelColor(1, side / 4 - 2).alpha(), 0) << suffix;
+            EXPECT_EQ(image.pixelColor(1, side - side / 4 + 1).alpha(), 0) << suffix;
         }
     }
 }
