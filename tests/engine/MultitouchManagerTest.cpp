@@ -87,6 +87,10 @@ TEST_F(Taps, OfSeveralFingersComeInTheirOrderAndWithoutThoseThatVanish) {
     pad.frame({{.id = 3, .state = 4}});
     pad.frame({{.id = 3, .state = 7}, {.id = 4, .state = 7}});
     EXPECT_EQ(taps.size(), 3U) << "4 was not listed once";
+
+    pad.frame({{.id = 5, .state = 3}});
+    pad.nullFrame();
+    EXPECT_TRUE(manager.liveTouches->empty());
 }
 
 TEST(MultitouchManager, FramesAfterItsEndGoNowhereAndTheNextOneStartsFresh) {

@@ -30,6 +30,7 @@ const Story stories[] = {
     {"values before the announcement", slots, "x3000 y3000 . id7 . id-1 .", "1:3 1:7"},
     {"slots there are none of", slots,
      "s9 id7 x3000 . s-1 id8 . s2 id9 . s1 id10 . s100000 id-1 . s1 id-1 .", "1:3 1:7"},
+    {"keys mean nothing", slots, "[ s0 id7 x3000 s0 ] T1 F1 . x3001 . id-1 .", ""},
     {"the last slot", "bcm5974", "s15 id7 x0 . s16 id8 . s15 id-1 .", "1:3 1:7"},
     // Palms and hover.
     {"a finger becomes a palm, and stays one", "synaptics-rmi4",
