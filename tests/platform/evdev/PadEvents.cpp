@@ -13,26 +13,23 @@ namespace {
 
 using Word = std::pair<std::uint16_t, std::uint16_t>; // type and code
 
-const std::map<std::string, Word>& words() {
-    static const std::map<std::string, Word> all{{"s", {EV_ABS, ABS_MT_SLOT}},
-                                                 {"id", {EV_ABS, ABS_MT_TRACKING_ID}},
-                                                 {"x", {EV_ABS, ABS_MT_POSITION_X}},
-                                                 {"y", {EV_ABS, ABS_MT_POSITION_Y}},
-                                                 {"p", {EV_ABS, ABS_MT_PRESSURE}},
-                                                 {"M", {EV_ABS, ABS_MT_TOUCH_MAJOR}},
-                                                 {"t", {EV_ABS, ABS_MT_TOOL_TYPE}},
-                                                 {"d", {EV_ABS, ABS_MT_DISTANCE}},
-                                                 {"X", {EV_ABS, ABS_X}},
-                                                 {"Y", {EV_ABS, ABS_Y}},
-                                                 {"P", {EV_ABS, ABS_PRESSURE}},
-                                                 {"T", {EV_KEY, BTN_TOUCH}},
-                                                 {"F", {EV_KEY, BTN_TOOL_FINGER}},
-                                                 {"D", {EV_KEY, BTN_TOOL_DOUBLETAP}},
-                                                 {"L", {EV_KEY, BTN_LEFT}},
-                                                 {".", {EV_SYN, SYN_REPORT}},
-                                                 {"!", {EV_SYN, SYN_DROPPED}}};
-    return all;
-}
+const std::map<std::string, Word> words{{"s", {EV_ABS, ABS_MT_SLOT}},
+                                        {"id", {EV_ABS, ABS_MT_TRACKING_ID}},
+                                        {"x", {EV_ABS, ABS_MT_POSITION_X}},
+                                        {"y", {EV_ABS, ABS_MT_POSITION_Y}},
+                                        {"p", {EV_ABS, ABS_MT_PRESSURE}},
+                                        {"M", {EV_ABS, ABS_MT_TOUCH_MAJOR}},
+                                        {"t", {EV_ABS, ABS_MT_TOOL_TYPE}},
+                                        {"d", {EV_ABS, ABS_MT_DISTANCE}},
+                                        {"X", {EV_ABS, ABS_X}},
+                                        {"Y", {EV_ABS, ABS_Y}},
+                                        {"P", {EV_ABS, ABS_PRESSURE}},
+                                        {"T", {EV_KEY, BTN_TOUCH}},
+                                        {"F", {EV_KEY, BTN_TOOL_FINGER}},
+                                        {"D", {EV_KEY, BTN_TOOL_DOUBLETAP}},
+                                        {"L", {EV_KEY, BTN_LEFT}},
+                                        {".", {EV_SYN, SYN_REPORT}},
+                                        {"!", {EV_SYN, SYN_DROPPED}}};
 
 } // namespace
 
@@ -49,7 +46,7 @@ std::vector<input_event> eventsOf(const std::string& text) {
     for (std::string word; stream >> word;) {
         const auto digits = std::min(word.find_first_of("-0123456789"), word.size());
         input_event event{};
-        std::tie(event.type, event.code) = words().at(word.substr(0, digits));
+        std::tie(event.type, event.code) = words.at(word.substr(0, digits));
         event.value = digits < word.size() ? std::stoi(word.substr(digits)) : 0;
         events.push_back(atSeconds(event, time));
         time += event.type == EV_SYN ? 0.01 : 0;

@@ -11,7 +11,6 @@
 #include "platform/linux/evdev/InputReader.h"
 
 #include <dlfcn.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <iostream>
@@ -21,9 +20,9 @@ using namespace brimlow::platform;
 
 namespace {
 
-void say(std::string line) {
-    line += '\n';
-    [[maybe_unused]] const auto size = write(STDOUT_FILENO, line.data(), line.size());
+void say(const std::string& line) {
+    std::puts(line.c_str());
+    std::fflush(stdout);
 }
 
 std::int32_t frame(std::int32_t, const MTFinger* fingers, std::int32_t count, double,
