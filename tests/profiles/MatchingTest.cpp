@@ -3,23 +3,27 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace brimlow {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+TapPositionMapping binding(std::vector<TapSample> samples, std::optional<double> radius = {},
+                           double tolerance = 1.0) {
+    return {.id = QUuid::createUuid(),
+            .samples = std::move(samples),
+            .matchTolerance = tolerance,
+            .explicitMatchRadius = radius};
+}
+
 class Matching : public testing::Test {
 protected:
-    void bind(const char16_t* name, std::vector<TapSample> samples,
-              std::optional<double> radius = {}, double tolerance = 1.0,
-              TapAction action = TapAction::closeWindow) {
-        store.add({.id = QUuid::createUuid(),
-                   .name = QString::fromUtf16(name),
-                   .action = action,
-                   .samples = std::move(samples),
-                   .matchTolerance = tolerance,
-                   .explicitMatchRadius = radius});
+    void bind(const QString& name, TapPositionMapping binding) {
+        binding.name = name;
+        store.add(binding);
     }
     std::string match(double x, double y) const {
         const auto binding = store.match(x, y);
@@ -32,44 +36,71 @@ protected:
 
 } // namespace
 
-TEST_F(Matching, NothingMatchesWithoutSamples) {
-    bind(u"Unrecorded", {}, 10.0);
+TEST_F(Matching, NothingMatchesWithoutSamplesOrAProfile) {
+    bind(u"Unrecorded"_s, binding({}, 10.0));
     EXPECT_EQ(match(0.5, 0.5), "nothing");
     EXPECT_FALSE(store.hasAnyRecorded());
-    bind(u"Recorded", {{0.5, 0.5}});
+    bind(u"Recorded"_s, binding({{0.5, 0.5}}));
     EXPECT_TRUE(store.hasAnyRecorded());
     store.activeProfileId = QUuid();
     EXPECT_EQ(match(0.5, 0.5), "nothing");
     EXPECT_FALSE(store.hasAnyRecorded());
 }
 
-TEST_F(Matching, TheRadiusItselfIsInside) {
-    bind(u"Edge", {{0, 0.5}}, 0.1);
-    EXPECT_EQ(match(0.0999, 0.5), "Edge");
-    EXPECT_EQ(match(0.1, 0.5), "Edge");
-    EXPECT_EQ(match(0.1001, 0.5), "nothing");
-}
-
 TEST_F(Matching, WhatIsNotANumberMatchesNothing) {
-    bind(u"Odd", {{0, 0.5}, {0.1, 0.5}}, {}, std::nan(""));
+    bind(u"Odd"_s, binding({{0, 0.5}, {0.1, 0.5}}, {}, NAN));
     EXPECT_EQ(match(0, 0.5), "nothing");
-    bind(u"Edge", {{0, 0.5}}, 0.1);
+    bind(u"Edge"_s, binding({{0, 0.5}}, 0.1));
     EXPECT_EQ(match(0, 0.5), "Edge");
-    EXPECT_EQ(match(std::nan(""), 0.5), "nothing");
+    EXPECT_EQ(match(NAN, 0.5), "nothing");
 }
 
-TEST_F(Matching, TheNearestCentreWinsAmongTheEligible) {
-    bind(u"A", {{0.2, 0.5}, {0.6, 0.5}}); // radius 0.6, centre (0.4, 0.5)
-    bind(u"B", {{0.45, 0.5}}, 0.1);
+TEST_F(Matching, TheNearestCentreWinsAmongTheEligibleAndTheFirstOfEquals) {
+    bind(u"A"_s, binding({{0.2, 0.5}, {0.6, 0.5}})); // radius 0.6, centre (0.4, 0.5)
+    bind(u"B"_s, binding({{0.45, 0.5}}, 0.1));
+    bind(u"Twin"_s, binding({{0.45, 0.5}}, 0.1));
     EXPECT_EQ(match(0.42, 0.5), "A");
     EXPECT_EQ(match(0.43, 0.5), "B");
     EXPECT_EQ(match(0.56, 0.5), "A"); // beyond B's reach
 }
 
-TEST_F(Matching, TheFirstOfEqualsWinsWhateverItDoes) {
-    bind(u"Inert", {{0.5, 0.5}}, 0.1, 1.0, TapAction::none);
-    bind(u"Twin", {{0.5, 0.5}}, 0.1);
-    EXPECT_EQ(match(0.52, 0.5), "Inert");
+TEST(MatchRadius, ComesFromTheSamplesUnlessItIsExplicit) {
+    const std::vector<TapSample> near{{0, 0}, {0.01, 0}};
+    const std::vector<TapSample> far{{0, 0}, {0.3, 0}, {0, 0.4}};
+    const std::pair<TapPositionMapping, double> rows[] = {{binding({}, {}, 2.0), 0.06},
+                                                          {binding({{0.5, 0.5}}, {}, 0.5), 0.015},
+                                                          {binding(near), 0.03},
+                                                          {binding(near, {}, 4.0), 0.06},
+                                                          {binding(far), 0.6},
+                                                          {binding(far, 0.1, 1.5), 0.15},
+                                                          {binding(far, 0.01, 1.0), 0.01}};
+    for (const auto& [each, radius] : rows)
+        EXPECT_DOUBLE_EQ(each.matchRadius(), radius);
+}
+
+TEST_F(Matching, DiagnosisNamesTheVerdict) {
+    struct Row {
+        TapPositionMapping binding;
+        TapSample tap;
+        const char* text;
+    };
+    const Row rows[] = {{binding({}), {0, 0}, "(not recorded)"},
+                        {binding({{0, 0.5}}, 0.1),
+                         {0.1, 0.5},
+                         "[MATCH] nearest=0.1000 radius=0.1000 (samples=1, tolerance=1.0)"},
+                        {binding({{0, 0.5}}, 0.1),
+                         {0.100001, 0.5},
+                         "[REJECT] nearest=0.1000 radius=0.1000 (samples=1, tolerance=1.0)"},
+                        {binding({{0, 0}, {0.75, 0}}, {}, 0.25),
+                         {0.5, 0},
+                         "[MATCH] nearest=0.2500 radius=0.2812 (samples=2, tolerance=0.2)"}};
+    for (const Row& row : rows) {
+        EXPECT_EQ(row.binding.diagnose(row.tap).toStdString(), row.text);
+        store.clearAllBindings();
+        store.add(row.binding);
+        EXPECT_EQ(store.match(row.tap.x, row.tap.y).has_value(),
+                  QByteArray(row.text).startsWith("[MATCH]"));
+    }
 }
 
 } // namespace brimlow
