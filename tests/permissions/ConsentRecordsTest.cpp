@@ -73,10 +73,8 @@ TEST_F(Records, TheToolRefusesEverythingElse) {
     declineAll();
     const QString id = u"org.brimlow.Brimlow"_s;
     for (const QStringList& arguments : {QStringList{},
-                                         {u"reset"_s},
                                          {u"reset"_s, u"All"_s},
                                          {u"reset"_s, u"Camera"_s, id},
-                                         {u"reset"_s, u"all"_s, id},
                                          {u"list"_s, u"All"_s, id},
                                          {u"reset"_s, u"All"_s, u"org.example.Other"_s},
                                          {u"reset"_s, u"All"_s, id, id}}) {
