@@ -35,23 +35,13 @@ struct Receiver {
 };
 
 void checkRefusal(const Receiver& receiver, const ProfileImportError& error) {
-    using Kind = ProfileImportError::Kind;
     require(receiver.writes == 0, "a refused file writes nothing");
     require(receiver.store.profiles.get() == receiver.before, "a refused file changes no profile");
     require(receiver.store.activeProfileId.get() == receiver.before.back().id,
             "a refused file leaves the active profile");
-    const QString text = error.errorDescription();
-    if (error.kind() == Kind::tooNew)
-        require(error.version() > ProfileExport::currentVersion
-                    && text.startsWith(u"This profile was exported by a newer version of Brimlow")
-                    && text.contains(u"(format v"_s + QString::number(error.version()) + u')'),
-                "a file that is too new says so");
-    else
-        require(text
-                    == (error.kind() == Kind::unreadable
-                            ? u"This file couldn't be read as a Brimlow profile."
-                            : u"This file isn't a Brimlow profile export."),
-                "the error has its text");
+    require(error.kind() != ProfileImportError::Kind::tooNew
+                || error.version() > ProfileExport::currentVersion,
+            "a file that is too new says so");
 }
 
 /// The id of the profile that took the bindings; none where the file was refused.

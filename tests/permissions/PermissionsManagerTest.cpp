@@ -145,19 +145,5 @@ TEST_F(Permissions, ResetForgetsOnlyWhenTheToolSucceeds) {
     EXPECT_EQ(journal(), QStringList(u"prompt accessibility"_s));
 }
 
-TEST_F(Permissions, OpenTheSettingsAndTheFileViewer) {
-    const QString scheme = u"x-apple.systempreferences:com.apple.preference."_s;
-    for (const QString& pane :
-         {u"security?Privacy_Accessibility"_s, u"security?Privacy_ScreenCapture"_s,
-          u"security?Privacy_Automation"_s, u"keyboard?Shortcuts"_s, u"security"_s, u"%zz"_s})
-        manager->open(scheme + pane);
-    for (const QString& address : {u"https://example.org"_s, QString()})
-        manager->open(address);
-    manager->revealAppInFinder();
-    EXPECT_EQ(journal(), (QStringList{u"open accessibility"_s, u"open screen recording"_s,
-                                      u"open automation"_s, u"open keyboard shortcuts"_s,
-                                      u"reveal /usr/bin/brimlow"_s}));
-}
-
 } // namespace
 } // namespace brimlow::test

@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <fstream>
@@ -15,21 +14,27 @@ namespace {
 
 FailingDisk* current = nullptr;
 
-constexpr auto keepingLinks = fs::copy_options::recursive | fs::copy_options::copy_symlinks;
-
 std::string bytesOf(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+void replaceByCopy(const fs::path& from, const fs::path& to) {
+    fs::remove_all(to);
+    fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+}
+
+void forEachFile(const fs::path& folder, const std::function<void(const fs::path&)>& visit) {
+    for (const auto& each : fs::recursive_directory_iterator(folder))
+        if (fs::is_regular_file(each.symlink_status()))
+            visit(each.path());
+}
+
 } // namespace
 
-FailingDisk::FailingDisk(const fs::path& root) : root_(root), atFirst_(root.string() + "-before") {
-    fs::remove_all(atFirst_);
-    fs::copy(root, atFirst_, keepingLinks);
-    for (const auto& each : fs::recursive_directory_iterator(root))
-        if (fs::is_regular_file(each.symlink_status()))
-            files_[each] = std::make_shared<File>(File{bytesOf(each), bytesOf(each)});
+FailingDisk::FailingDisk(const fs::path& root) : root_(root), secured_(root.string() + "-secured") {
+    replaceByCopy(root_, secured_);
+    forEachFile(root_, [this](const fs::path& file) { securedBytes_[file] = bytesOf(file); });
     current = this;
 }
 
@@ -40,7 +45,7 @@ FailingDisk::~FailingDisk() {
 FailingDisk* FailingDisk::of(const fs::path& path) {
     if (!current || path.empty())
         return nullptr;
-    const bool below = *current->inside(path).begin() != "..";
+    const bool below = *path.lexically_relative(current->root_).begin() != "..";
     return below ? current : nullptr;
 }
 
@@ -53,97 +58,60 @@ fs::path FailingDisk::pathOf(int descriptor) {
 
 void FailingDisk::forEachPowerCut(const fs::path& folder,
                                   const std::function<void()>& check) const {
-    const auto unsecured = std::ranges::count(changes_, false, &Change::secured);
-    for (std::ptrdiff_t reached = 0; reached <= unsecured; ++reached) {
-        for (const Held held : {Held::secured, Held::half, Held::all}) {
-            fs::remove_all(folder);
-            fs::copy(atFirst_, folder, keepingLinks);
-            std::ptrdiff_t left = reached;
-            for (const Change& change : changes_)
-                if (change.secured || left-- > 0)
-                    change.redo(folder, held);
-            check();
-        }
+    replaceByCopy(secured_, folder);
+    check();
+    for (const double part : {0.0, 0.5, 1.0}) {
+        replaceByCopy(root_, folder);
+        forEachFile(root_, [&](const fs::path& file) {
+            const auto secured = securedBytes_.find(file);
+            const auto held = secured == securedBytes_.end() ? std::string() : secured->second;
+            const auto bytes = bytesOf(file);
+            const auto length = static_cast<std::size_t>(part * static_cast<double>(bytes.size()));
+            std::ofstream(folder / file.lexically_relative(root_), std::ios::binary)
+                << (part == 0 || held == bytes ? held : bytes.substr(0, length));
+        });
+        check();
     }
 }
 
-std::string FailingDisk::File::held(Held held) const {
-    if (held == Held::secured || bytes == securedBytes)
-        return securedBytes;
-    return bytes.substr(0, bytes.size() / (held == Held::half ? 2 : 1));
-}
-
-void FailingDisk::opened(int descriptor, const fs::path& path) {
-    paths_[descriptor] = path;
-    if (fs::is_directory(path))
-        return;
-    auto& file = files_[path];
-    const bool hasName = file != nullptr;
-    if (!file)
-        file = std::make_shared<File>();
-    written(path); // it may have been truncated
-    const auto redo = [name = inside(path), file](const fs::path& laidOut, Held held) {
-        std::ofstream(laidOut / name, std::ios::binary) << file->held(held);
-    };
-    changes_.push_back({path.parent_path(), redo, hasName});
-}
-
-void FailingDisk::written(const fs::path& path) {
-    files_.at(path)->bytes = bytesOf(path);
-}
-
 void FailingDisk::synchronised(const fs::path& path) {
-    if (files_.contains(path))
-        files_[path]->securedBytes = files_[path]->bytes;
-    for (Change& change : changes_)
-        change.secured = change.secured || change.folder == path;
-}
-
-void FailingDisk::made(const fs::path& path) {
-    const auto redo = [name = inside(path)](const fs::path& laidOut, Held) {
-        std::error_code parentIsMissing;
-        fs::create_directory(laidOut / name, parentIsMissing);
-    };
-    changes_.push_back({path.parent_path(), redo});
+    if (!fs::is_directory(path)) {
+        securedBytes_[path] = bytesOf(path);
+        return;
+    }
+    const fs::path folder = secured_ / path.lexically_relative(root_);
+    if (!fs::exists(folder))
+        return;
+    for (const auto& each : fs::directory_iterator(folder))
+        if (!fs::exists(fs::symlink_status(path / each.path().filename())))
+            fs::remove_all(each);
+    for (const auto& each : fs::directory_iterator(path)) {
+        if (each.is_directory())
+            fs::create_directory(folder / each.path().filename());
+        else if (!each.is_symlink())
+            std::ofstream(folder / each.path().filename()) << securedBytes_[each];
+    }
 }
 
 void FailingDisk::moved(const fs::path& from, const fs::path& to) {
-    files_[to] = files_[from];
-    files_.erase(from);
-    const auto redo = [old = inside(from), name = inside(to)](const fs::path& laidOut, Held) {
-        std::error_code isMissing;
-        fs::rename(laidOut / old, laidOut / name, isMissing);
-    };
-    changes_.push_back({to.parent_path(), redo});
-}
-
-void FailingDisk::removed(const fs::path& path) {
-    files_.erase(path);
-    const auto redo = [name = inside(path)](const fs::path& laidOut, Held) {
-        fs::remove(laidOut / name);
-    };
-    changes_.push_back({path.parent_path(), redo});
+    securedBytes_[to] = securedBytes_[from];
+    securedBytes_.erase(from);
 }
 
 namespace {
 
-/// Asks the disk that has `path`, does the call, and tells the disk what it gave. `real` takes
-/// whether to do it by half.
-template<typename Real, typename Then>
-auto pass(const char* name, const fs::path& path, Real real, Then then) {
+/// What is to become of this call: see FailingDisk::before.
+int fault(const char* name, const fs::path& path) {
     FailingDisk* disk = FailingDisk::of(path);
     const int error = disk ? disk->before({name, path}) : 0;
-    if (error > 0) {
+    if (error > 0)
         errno = error;
-        return decltype(real(false))(-1);
-    }
-    const auto result = real(error == FailingDisk::halfWritten);
-    if (disk && result >= 0)
-        then(*disk, static_cast<int>(result));
-    return result;
+    return error;
 }
 
-constexpr auto nothing = [](FailingDisk&, int) {};
+bool fails(const char* name, const fs::path& path) {
+    return fault(name, path) > 0;
+}
 
 } // namespace
 
@@ -165,54 +133,54 @@ int __wrap_open(const char* path, int flags, ...) {
     va_start(more, flags);
     const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(more, mode_t) : 0;
     va_end(more);
-    return pass(
-        "open", path, [&](bool) { return __real_open(path, flags, mode); },
-        [&](FailingDisk& disk, int descriptor) { disk.opened(descriptor, path); });
+    const int descriptor = fails("open", path) ? -1 : __real_open(path, flags, mode);
+    if (FailingDisk* disk = FailingDisk::of(path); disk && descriptor >= 0)
+        disk->opened(descriptor, path);
+    return descriptor;
 }
 
 int __wrap_access(const char* path, int mode) {
-    return pass(
-        "access", path, [&](bool) { return __real_access(path, mode); }, nothing);
+    return fails("access", path) ? -1 : __real_access(path, mode);
 }
 
 int __wrap_mkdir(const char* path, mode_t mode) {
-    return pass(
-        "mkdir", path, [&](bool) { return __real_mkdir(path, mode); },
-        [&](FailingDisk& disk, int) { disk.made(path); });
+    return fails("mkdir", path) ? -1 : __real_mkdir(path, mode);
 }
 
 int __wrap_unlink(const char* path) {
-    return pass(
-        "unlink", path, [&](bool) { return __real_unlink(path); },
-        [&](FailingDisk& disk, int) { disk.removed(path); });
+    const int result = fails("unlink", path) ? -1 : __real_unlink(path);
+    if (FailingDisk* disk = FailingDisk::of(path); disk && result == 0)
+        disk->removed(path);
+    return result;
 }
 
 int __wrap_rename(const char* from, const char* to) {
-    return pass(
-        "rename", from, [&](bool) { return __real_rename(from, to); },
-        [&](FailingDisk& disk, int) { disk.moved(from, to); });
+    const int result = fails("rename", from) ? -1 : __real_rename(from, to);
+    if (FailingDisk* disk = FailingDisk::of(from); disk && result == 0)
+        disk->moved(from, to);
+    return result;
 }
 
 // Never for real: nobody cuts the power of this machine, and waiting for its disk takes most time.
 int __wrap_fsync(int descriptor) {
     const auto path = FailingDisk::pathOf(descriptor);
-    return pass(
-        "fsync", path, [](bool) { return 0; },
-        [&](FailingDisk& disk, int) { disk.synchronised(path); });
+    if (fails("fsync", path))
+        return -1;
+    if (FailingDisk* disk = FailingDisk::of(path))
+        disk->synchronised(path);
+    return 0;
 }
 
 ssize_t __wrap_read(int descriptor, void* bytes, size_t size) {
-    return pass(
-        "read", FailingDisk::pathOf(descriptor),
-        [&](bool) { return __real_read(descriptor, bytes, size); }, nothing);
+    return fails("read", FailingDisk::pathOf(descriptor)) ? -1
+                                                          : __real_read(descriptor, bytes, size);
 }
 
 ssize_t __wrap_write(int descriptor, const void* bytes, size_t size) {
-    const auto path = FailingDisk::pathOf(descriptor);
-    return pass(
-        "write", path,
-        [&](bool half) { return __real_write(descriptor, bytes, half ? size / 2 : size); },
-        [&](FailingDisk& disk, int) { disk.written(path); });
+    const int result = fault("write", FailingDisk::pathOf(descriptor));
+    if (result > 0)
+        return -1;
+    return __real_write(descriptor, bytes, result == FailingDisk::halfWritten ? size / 2 : size);
 }
 
 int __wrap_close(int descriptor) {
@@ -220,8 +188,7 @@ int __wrap_close(int descriptor) {
     if (FailingDisk* disk = FailingDisk::of(path))
         disk->closed(descriptor);
     __real_close(descriptor); // one that fails closes as well
-    return pass(
-        "close", path, [](bool) { return 0; }, nothing);
+    return fails("close", path) ? -1 : 0;
 }
 
 } // extern "C"

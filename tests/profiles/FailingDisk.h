@@ -3,9 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <map>
-#include <memory>
 #include <string>
-#include <vector>
 
 namespace brimlow::test {
 
@@ -19,7 +17,7 @@ struct FileCall {
 /// While it lives, the file calls below `root` of what is linked into this program, but not those
 /// of the shared libraries, go through it (see --wrap in CMakeLists.txt). It keeps account of what
 /// a disk is bound to hold: of a file what was synchronised, of a folder the names when it was
-/// synchronised. One at a time.
+/// synchronised, if its own name was. One at a time.
 class FailingDisk {
 public:
     static constexpr int halfWritten = -1;
@@ -33,42 +31,24 @@ public:
     FailingDisk& operator=(const FailingDisk&) = delete;
 
     /// Lays out in `folder` one after another what the disk may hold if the power is cut now, and
-    /// calls `check` for each. What is not synchronised may be there or not: names up to any point,
-    /// bytes also in part.
+    /// calls `check` for each: none of the names that are not synchronised, or all, and then none
+    /// of the bytes, half of them, or all.
     void forEachPowerCut(const fs::path& folder, const std::function<void()>& check) const;
 
     // For the wrapped calls: which disk a file is on, and what has been done.
     static FailingDisk* of(const fs::path& path);
     static fs::path pathOf(int descriptor);
-    void opened(int descriptor, const fs::path& path);
-    void written(const fs::path& path);
-    void synchronised(const fs::path& path);
+    void opened(int descriptor, const fs::path& path) { paths_[descriptor] = path; }
     void closed(int descriptor) { paths_.erase(descriptor); }
-    void made(const fs::path& path);
+    void synchronised(const fs::path& path);
     void moved(const fs::path& from, const fs::path& to);
-    void removed(const fs::path& path);
+    void removed(const fs::path& path) { securedBytes_.erase(path); }
 
 private:
-    enum class Held { secured, half, all };
-    struct File {
-        std::string bytes;
-        std::string securedBytes;
-        std::string held(Held held) const;
-    };
-    /// Of a name in `folder`.
-    struct Change {
-        fs::path folder;
-        std::function<void(const fs::path& laidOut, Held held)> redo;
-        bool secured = false;
-    };
-
-    fs::path inside(const fs::path& path) const { return path.lexically_relative(root_); }
-
     fs::path root_;
-    fs::path atFirst_; // a copy
-    std::map<fs::path, std::shared_ptr<File>> files_;
+    fs::path secured_; // what is bound to be there
+    std::map<fs::path, std::string> securedBytes_;
     std::map<int, fs::path> paths_; // by descriptor
-    std::vector<Change> changes_;
 };
 
 } // namespace brimlow::test
