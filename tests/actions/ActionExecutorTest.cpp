@@ -9,8 +9,6 @@ using namespace Qt::StringLiterals;
 using platform::Stream;
 
 struct Executor : ActionWorld {
-    QStringList launches() { return world.applications.takeLaunches(); }
-
     platform::SimulatedSession& session = world.session;
 };
 
@@ -107,18 +105,8 @@ TEST_F(Executor, OpensByIdentifierElseByAPartOfTheName) {
     };
     for (const auto& row : rows) {
         EXPECT_EQ(execute(TapAction::openApp, row.name), row.result);
-        EXPECT_EQ(launches().join(u' '), row.launched);
+        EXPECT_EQ(world.applications.takeLaunches().join(u' '), row.launched);
     }
-}
-
-TEST_F(Executor, BringsARunningApplicationForwardAndStartsNothing) {
-    session.openWindow(mail, 100, u"first"_s);
-    session.openWindow(mail, 101, u"last used"_s);
-    session.window(session.openWindow(mail, 100, u"hidden"_s)).hidden = true;
-    session.openWindow(u"other"_s, 102, u"other"_s);
-    EXPECT_EQ(execute(TapAction::openApp, mail), u"Opening org.example.mail"_s);
-    EXPECT_EQ(session.takeJournal(), QStringList(u"activate last used"_s));
-    EXPECT_EQ(launches(), QStringList());
 }
 
 TEST_F(Executor, AFailedStartIsToldButNotInTheResult) {

@@ -57,19 +57,7 @@ TEST_F(Records, HoldForADayAndForWhatTheyAreAbout) {
     EXPECT_FALSE(declined(u"Accessibility"_s));
 }
 
-TEST_F(Records, AreResetByTheTool) {
-    declineAll();
-    EXPECT_EQ(run({u"reset"_s, u"AppleEvents"_s, u"org.brimlow.Brimlow"_s}), 0);
-    EXPECT_EQ(complaint, QString());
-    EXPECT_TRUE(declined(u"Accessibility"_s));
-    EXPECT_FALSE(declined(u"AppleEvents"_s));
-    EXPECT_EQ(run({u"reset"_s, u"All"_s, u"org.brimlow.Brimlow"_s}), 0);
-    EXPECT_FALSE(declined(u"Accessibility"_s));
-    EXPECT_FALSE(QFile::exists(path));
-    EXPECT_EQ(run({u"reset"_s, u"All"_s, u"org.brimlow.Brimlow"_s}), 0) << "nothing to forget";
-}
-
-TEST_F(Records, TheToolRefusesEverythingElse) {
+TEST_F(Records, AreResetByTheToolAlone) {
     declineAll();
     const QString id = u"org.brimlow.Brimlow"_s;
     for (const QStringList& arguments : {QStringList{},
@@ -81,7 +69,14 @@ TEST_F(Records, TheToolRefusesEverythingElse) {
         EXPECT_EQ(run(arguments), 1);
         EXPECT_EQ(complaint, u"usage: tccutil reset All|AppleEvents org.brimlow.Brimlow\n"_s);
     }
+    EXPECT_TRUE(declined(u"AppleEvents"_s));
+    EXPECT_EQ(run({u"reset"_s, u"AppleEvents"_s, id}), 0);
     EXPECT_TRUE(declined(u"Accessibility"_s));
+    EXPECT_FALSE(declined(u"AppleEvents"_s));
+    for (const char* what : {"all of it", "nothing"}) {
+        EXPECT_EQ(run({u"reset"_s, u"All"_s, id}), 0) << what;
+        EXPECT_FALSE(QFile::exists(path));
+    }
 }
 
 TEST_F(Records, ADamagedFileIsNoRecordAndGoesAway) {
