@@ -73,13 +73,9 @@ TEST_F(WindowFocus, LaunchesWhatDoesNotRunAndLooksForNoWindow) {
 TEST_F(WindowFocus, FocusesByNumberOnAnotherWorkspaceAfterTheSwitch) {
     session.setWorkspaces(3, 2);
     const auto wanted = session.openWindow(mail, 100, u"wanted"_s);
-    session.window(wanted).hidden = true;
     session.setWorkspaces(3, 0);
     session.openWindow(mail, 101, u"front"_s);
     session.openWindow(u"other"_s, 7, u"other"_s);
-
-    const auto line =
-        byNumber(u"focused id %1 via _AXUIElementGetWindow (owner pid 100)"_s.arg(wanted));
     EXPECT_EQ(focus(u"saved"_s, wanted),
               u"Activated Post → focusing target (after Space switch)"_s);
     EXPECT_EQ(session.takeJournal(), QStringList(u"activate front"_s));
@@ -87,8 +83,9 @@ TEST_F(WindowFocus, FocusesByNumberOnAnotherWorkspaceAfterTheSwitch) {
     EXPECT_EQ(session.takeJournal(), QStringList());
     world.time.advance(0.000001);
     EXPECT_EQ(session.takeJournal(), raised(u"wanted"_s));
-    EXPECT_EQ(world.log.take(Stream::error), QStringList(line));
-    EXPECT_EQ(session.currentWorkspace(), 2);
+    EXPECT_EQ(world.log.take(Stream::error),
+              QStringList(byNumber(
+                  u"focused id %1 via _AXUIElementGetWindow (owner pid 100)"_s.arg(wanted))));
 
     // Now it is active, be it by another of its processes: no delay, but later all the same.
     EXPECT_EQ(focus(u""_s, wanted), u"Activated Post → focusing target"_s);

@@ -102,19 +102,16 @@ bool goesOnWithout(const FileCall& call) {
     return ofFolder || call.name == "close";
 }
 
-constexpr const char* chances[] = {"assignment", "time", "end"};
+using Chance = std::function<void(World&)>;
 
-void takeChance(World& world, std::string_view chance) {
-    if (chance == "assignment")
-        world.defaults->setBool(true, u"other"_s);
-    else if (chance == "time")
-        world.time.advance(60);
-    else
-        world.defaults.reset();
-}
+const Chance chances[] = {
+    [](World& world) { world.defaults->setBool(true, u"other"_s); },
+    [](World& world) { world.time.advance(60); },
+    [](World& world) { world.defaults.reset(); }, // the end
+};
 
 /// Whether anything failed at all.
-bool checkFailure(const Start& start, const char* chance, const Fault& fault) {
+bool checkFailure(const Start& start, const Chance& chance, const Fault& fault) {
     World world(start);
     const auto before = filesBelow(world.root);
     std::vector<FileCall> failed;
@@ -130,7 +127,7 @@ bool checkFailure(const Start& start, const char* chance, const Fault& fault) {
     EXPECT_EQ(world.defaults->stringForKey(key), u"new"_s);
     if (!done) {
         EXPECT_EQ(filesBelow(world.root), before);
-        takeChance(world, chance);
+        chance(world);
     }
     EXPECT_EQ(world.log.take(), QStringList());
     EXPECT_EQ(found(world.root), u"new"_s);
@@ -165,9 +162,10 @@ void checkPowerCuts(const Start& start) {
 
 TEST(FailedSave, AFailingCallIsToldAndMadeUpForAtTheNextChance) {
     for (const Start& start : starts) {
-        for (const char* chance : chances) {
+        for (const Chance& chance : chances) {
             for (const int error : {ENOSPC, EIO, EROFS, EDQUOT, EACCES}) {
-                SCOPED_TRACE(nameOf(start) + ", " + chance + ", " + std::to_string(error));
+                SCOPED_TRACE(nameOf(start) + ", chance " + std::to_string(&chance - chances) + ", "
+                             + std::to_string(error));
                 int number = 0;
                 while (checkFailure(start, chance, failing(number, error)))
                     ++number;
@@ -179,7 +177,7 @@ TEST(FailedSave, AFailingCallIsToldAndMadeUpForAtTheNextChance) {
 
 TEST(FailedSave, AShortWriteGoesOn) {
     for (const int second : {0, ENOSPC}) {
-        checkFailure({.saved = true, .linked = false}, "time",
+        checkFailure({.saved = true, .linked = false}, chances[1],
                      [second, count = 0](const FileCall& call) mutable {
                          if (call.name != "write" || count == 2)
                              return 0;

@@ -6,14 +6,10 @@
 
 namespace brimlow::test {
 
-/// Any JSON value from its text.
-inline QJsonValue parsed(const QByteArray& text) {
-    return QJsonDocument::fromJson('[' + text + ']').array().at(0);
-}
-
-/// `text` with apostrophes for quotation marks, which makes it readable in C++.
+/// Any JSON value from its text, with apostrophes for quotation marks, which are hard to read in
+/// C++.
 inline QJsonValue quoted(QByteArray text) {
-    return parsed(text.replace('\'', '"'));
+    return QJsonDocument::fromJson('[' + text.replace('\'', '"') + ']').array().at(0);
 }
 
 } // namespace brimlow::test
