@@ -8,34 +8,22 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
 
-namespace {
-
-bool replay(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        std::fprintf(stderr, "cannot read %s\n", qPrintable(path));
-        return false;
-    }
-    std::printf("%s\n", qPrintable(path));
-    std::fflush(stdout); // before it may abort
-    const QByteArray bytes = file.readAll();
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-                           static_cast<std::size_t>(bytes.size()));
-    return true;
-}
-
-} // namespace
-
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: %s FOLDER\n", argv[0]);
+    const QString folder = argc == 2 ? QFile::decodeName(argv[1]) : QString();
+    const auto names = QDir(folder).entryList(QDir::Files);
+    if (folder.isEmpty() || names.isEmpty()) {
+        std::fprintf(stderr, "usage: %s FOLDER, which holds files\n", argv[0]);
         return 2;
     }
-    const auto files = QDir(QFile::decodeName(argv[1])).entryInfoList(QDir::Files);
-    bool good = !files.isEmpty();
-    if (!good)
-        std::fprintf(stderr, "no file in %s\n", argv[1]);
-    for (const auto& file : files)
-        good = replay(file.filePath()) && good;
-    return good ? 0 : 1;
+    for (const QString& name : names) {
+        std::printf("%s\n", qPrintable(name));
+        std::fflush(stdout); // before it may abort
+        QFile file(folder + QChar(u'/') + name);
+        if (!file.open(QIODevice::ReadOnly))
+            return 1;
+        const QByteArray bytes = file.readAll();
+        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                               static_cast<std::size_t>(bytes.size()));
+    }
+    return 0;
 }

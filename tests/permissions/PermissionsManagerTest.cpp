@@ -143,6 +143,8 @@ TEST_F(Permissions, ResetForgetsOnlyWhenTheToolSucceeds) {
     journal();
     manager->requestAccessibility();
     EXPECT_EQ(journal(), QStringList(u"prompt accessibility"_s));
+    world.bundle = NSBundle({}, {}, world.folder.filePath(u"libexec"_s));
+    EXPECT_TRUE(manager->resetAllTCCForSelf()) << "without an identifier of its own";
 }
 
 } // namespace

@@ -29,9 +29,6 @@ class Store : public testing::Test {
 protected:
     TapPositionMappings open() { return {10, world.defaults}; }
 
-    QJsonArray stored() const {
-        return QJsonDocument::fromJson(world.defaults.dataForKey(profilesKey).value()).array();
-    }
     static std::string names(const auto& records) {
         QStringList result;
         for (const auto& each : records)
@@ -57,7 +54,8 @@ TEST_F(Store, FirstRunSeedsAndWritesTheDefaultLayout) {
     EXPECT_EQ(names(store.activeProfile()->bindings), tenSpots);
     EXPECT_EQ(world.defaults.stringForKey(activeKey), json::uuidText(store.activeProfileId));
 
-    auto second = stored()[0][u"bindings"_s][6].toObject();
+    const auto stored = QJsonDocument::fromJson(world.defaults.dataForKey(profilesKey).value());
+    auto second = stored[0][u"bindings"_s][6].toObject();
     EXPECT_TRUE(json::uuid(second.take(u"id"_s)));
     EXPECT_EQ(QJsonValue(second),
               quoted("{'name':'Right 2','action':'none','samples':[{'x':1,'y':0.7}],"
