@@ -66,16 +66,6 @@ struct World {
     std::optional<NSUserDefaults> defaults;
 };
 
-std::map<std::string, std::string> filesBelow(const fs::path& root) {
-    std::map<std::string, std::string> files;
-    for (const auto& each : fs::recursive_directory_iterator(root)) {
-        std::ifstream file(each.path());
-        if (!each.is_directory())
-            files[each.path()] = {std::istreambuf_iterator<char>(file), {}};
-    }
-    return files;
-}
-
 /// What the next start finds. Anything amiss fails the test.
 QString found(const fs::path& root) {
     CapturedLog log;
@@ -83,7 +73,7 @@ QString found(const fs::path& root) {
     defaults.setBool(true, u"again"_s);
     EXPECT_EQ(log.take(), QStringList());
     for (const auto& [path, bytes] : filesBelow(root))
-        EXPECT_EQ(fs::path(path).extension(), ".json"); // neither damaged nor left behind
+        EXPECT_EQ(path.extension(), ".json"); // neither damaged nor left behind
     EXPECT_EQ(fs::is_symlink(root / "brimlow/preferences.json"), fs::exists(root / "elsewhere"));
     return defaults.stringForKey(key).value_or(u"nothing"_s);
 }

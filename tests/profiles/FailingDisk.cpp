@@ -24,17 +24,19 @@ void replaceByCopy(const fs::path& from, const fs::path& to) {
     fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::copy_symlinks);
 }
 
-void forEachFile(const fs::path& folder, const std::function<void(const fs::path&)>& visit) {
-    for (const auto& each : fs::recursive_directory_iterator(folder))
-        if (fs::is_regular_file(each.symlink_status()))
-            visit(each.path());
-}
-
 } // namespace
 
-FailingDisk::FailingDisk(const fs::path& root) : root_(root), secured_(root.string() + "-secured") {
+Files filesBelow(const fs::path& folder) {
+    Files files;
+    for (const auto& each : fs::recursive_directory_iterator(folder))
+        if (fs::is_regular_file(each.symlink_status()))
+            files[each] = bytesOf(each);
+    return files;
+}
+
+FailingDisk::FailingDisk(const fs::path& root)
+    : root_(root), secured_(root.string() + "-secured"), securedBytes_(filesBelow(root)) {
     replaceByCopy(root_, secured_);
-    forEachFile(root_, [this](const fs::path& file) { securedBytes_[file] = bytesOf(file); });
     current = this;
 }
 
@@ -62,14 +64,13 @@ void FailingDisk::forEachPowerCut(const fs::path& folder,
     check();
     for (const double part : {0.0, 0.5, 1.0}) {
         replaceByCopy(root_, folder);
-        forEachFile(root_, [&](const fs::path& file) {
+        for (const auto& [file, bytes] : filesBelow(root_)) {
             const auto secured = securedBytes_.find(file);
             const auto held = secured == securedBytes_.end() ? std::string() : secured->second;
-            const auto bytes = bytesOf(file);
             const auto length = static_cast<std::size_t>(part * static_cast<double>(bytes.size()));
             std::ofstream(folder / file.lexically_relative(root_), std::ios::binary)
                 << (part == 0 || held == bytes ? held : bytes.substr(0, length));
-        });
+        }
         check();
     }
 }

@@ -14,6 +14,11 @@ struct FileCall {
     fs::path path;
 };
 
+using Files = std::map<fs::path, std::string>;
+
+/// What the files below `folder` hold; links are none.
+Files filesBelow(const fs::path& folder);
+
 /// While it lives, the file calls below `root` of what is linked into this program, but not those
 /// of the shared libraries, go through it (see --wrap in CMakeLists.txt). It keeps account of what
 /// a disk is bound to hold: of a file what was synchronised, of a folder the names when it was
@@ -47,7 +52,7 @@ public:
 private:
     fs::path root_;
     fs::path secured_; // what is bound to be there
-    std::map<fs::path, std::string> securedBytes_;
+    Files securedBytes_;
     std::map<int, fs::path> paths_; // by descriptor
 };
 
