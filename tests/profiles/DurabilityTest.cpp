@@ -148,6 +148,14 @@ void checkPowerCuts(const Start& start) {
     EXPECT_EQ(contents, std::set{u"new"_s});
 }
 
+/// Counts up, and tells each number once it is saved.
+[[noreturn]] void saveUntilKilled(NSUserDefaults& defaults, std::atomic<int>& saved) {
+    for (;;) {
+        defaults.setString(QString::number(saved + 1), key);
+        ++saved;
+    }
+}
+
 } // namespace
 
 TEST(FailedSave, AFailingCallIsToldAndMadeUpForAtTheNextChance) {
@@ -237,10 +245,8 @@ TEST(Kill, LeavesAWholeFileNoOlderThanTheLastSave) {
         SCOPED_TRACE(round);
         const int before = saved;
         const pid_t child = fork();
-        while (child == 0) {
-            world.defaults->setString(QString::number(saved + 1), key);
-            ++saved;
-        }
+        if (child == 0)
+            saveUntilKilled(*world.defaults, saved);
         while (saved == before && waitpid(child, nullptr, WNOHANG) == 0)
             std::this_thread::yield();
         std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
