@@ -162,30 +162,30 @@ TEST_F(WindowFocus, EveryFailureOfTheListEndsInALine) {
     session.openWindow(mail, 100, u"front"_s);
     const struct {
         int lists; // read before the one that fails
+        bool goesOn;
         std::optional<std::uint32_t> number;
         QString title;
         QString line;
-        bool goesOn;
     } rows[] = {
-        {0, number, u"inbox"_s, byNumber(u"CGWindowListCopyWindowInfo returned nil"_s), true},
-        {2, number, {}, byNumber(u"AX windows query failed for owner pid 100"_s), true},
-        {1, {}, u"inbox"_s, byTitle(counted(0)), true},
+        {0, true, number, u"inbox"_s, byNumber(u"CGWindowListCopyWindowInfo returned nil"_s)},
+        {2, true, number, {}, byNumber(u"AX windows query failed for owner pid 100"_s)},
+        {1, true, {}, u"inbox"_s, byTitle(counted(0))},
         {2,
+         true,
          {},
          u"inbox"_s,
-         byTitle(u"Match found ('inbox' pid 100) but AX on that pid failed (-25204)"_s),
-         true},
+         byTitle(u"Match found ('inbox' pid 100) but AX on that pid failed (-25204)"_s)},
         {3,
+         false,
          {},
          u"absent"_s,
          byTitle(u"AppleScript path failed: System Events got an error: the windows cannot be "
-                 u"listed. — falling back to AX direct."_s),
-         false},
+                 u"listed. — falling back to AX direct."_s)},
         {5,
+         false,
          {},
          u"absent"_s,
-         byTitle(u"(dump failed: System Events got an error: the windows cannot be listed.)"_s),
-         false},
+         byTitle(u"(dump failed: System Events got an error: the windows cannot be listed.)"_s)},
     };
     for (const auto& row : rows) {
         focus(row.title, row.number);
@@ -201,18 +201,18 @@ TEST_F(WindowFocus, TitlesMatchNormalisedAndExactlyBeforePartly) {
     const QString injection = u"\"\\\" & (do shell script \"x\") & \""_s;
     const struct {
         pid_t process; // without one, System Events decide
+        int focused;   // of the titles
         QString saved;
         QStringList titles; // front to back
-        int focused;
         QString pass;
     } rows[] = {
-        {100, u"INBOX  –  Work"_s, {u"inbox - work (3)"_s, u"Inbox — Work"_s}, 1, u"exact"_s},
-        {100, u"a-b-c-d-e-f-g"_s, {u"A—B–C‒D−E‑F－G"_s}, 0, u"exact"_s},
-        {100, u"a b"_s, {u"\u00A0A\u2009\u2009b "_s}, 0, u"exact"_s},
-        {100, u"ПРИЁМКА"_s, {u"приёмка — 1"_s, u"приёмка — 2"_s}, 0, u"substring"_s},
-        {0, u"Inbox"_s, {u"my inbox"_s, u"INBOX"_s, u"Inbox"_s}, 2, u"exact"_s},
-        {0, u"Inbox"_s, {u"my inbox"_s, u"INBOX"_s}, 1, u"exact-ci"_s},
-        {0, injection, {injection + u"|%1"_s}, 0, u"substring"_s},
+        {100, 1, u"INBOX  –  Work"_s, {u"inbox - work (3)"_s, u"Inbox — Work"_s}, u"exact"_s},
+        {100, 0, u"a-b-c-d-e-f-g"_s, {u"A—B–C‒D−E‑F－G"_s}, u"exact"_s},
+        {100, 0, u"a b"_s, {u"\u00A0A\u2009\u2009b "_s}, u"exact"_s},
+        {100, 0, u"ПРИЁМКА"_s, {u"приёмка — 1"_s, u"приёмка — 2"_s}, u"substring"_s},
+        {0, 2, u"Inbox"_s, {u"my inbox"_s, u"INBOX"_s, u"Inbox"_s}, u"exact"_s},
+        {0, 1, u"Inbox"_s, {u"my inbox"_s, u"INBOX"_s}, u"exact-ci"_s},
+        {0, 0, injection, {injection + u"|%1"_s}, u"substring"_s},
     };
     for (const auto& row : rows) {
         std::vector<std::uint32_t> opened;
