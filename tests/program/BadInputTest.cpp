@@ -57,6 +57,11 @@ TEST_F(BadInput, DamagedPreferences) {
     expectOneLine(u"preferences.json is damaged; moved to "_s);
 }
 
+TEST_F(BadInput, PreferencesThatAreNoFile) {
+    QDir(home.path()).mkdir(u"brimlow/preferences.json"_s);
+    expectOneLine(u"NSUserDefaults: cannot read "_s);
+}
+
 TEST_F(BadInput, NoInputSubsystem) {
     if (QDir(u"/dev/input"_s).exists())
         GTEST_SKIP() << "this machine has one";
@@ -69,6 +74,12 @@ TEST_F(BadInput, MalformedRecording) {
     expectOneLine(u"Brimlow: "_s + home.filePath(u"pad.evemu"_s) + u":3: "_s);
     environment.insert(u"BRIMLOW_TOUCH_DEVICE"_s, home.filePath(u"nowhere.evemu"_s));
     expectOneLine(u"Brimlow: "_s + home.filePath(u"nowhere.evemu"_s));
+}
+
+TEST_F(BadInput, FrameworkImage) {
+    environment.insert(u"BRIMLOW_FRAMEWORKS"_s, home.path());
+    expectOneLine(u"MultitouchManager: dlopen(/System/Library/PrivateFrameworks/"
+                  u"MultitouchSupport.framework/MultitouchSupport) failed: "_s);
 }
 
 } // namespace

@@ -86,7 +86,7 @@ TEST_F(WindowPicker, BindsTheWindowThatIsChosenAndLetsItGo) {
     const auto number = world.session.openWindow(u"app"_s, 1, u"MyApp — <b>.txt"_s);
     world.session.openWindow(u"app.helper"_s, 3, u"Front"_s);
     world.session.openWindow(u"app"_s, 1, {});
-    world.session.openWindow(u"other"_s, 2, u"Not ours"_s);
+    world.session.openWindow(u"apple"_s, 2, u"Not ours"_s);
     appear(u"app"_s);
     const QStringList rows{u"Window ID %1, current: Front"_s.arg(number + 1),
                            u"Window ID %1, current: MyApp — <b>.txt"_s.arg(number)};
