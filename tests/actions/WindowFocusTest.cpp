@@ -229,12 +229,16 @@ TEST_F(WindowFocus, TitlesMatchNormalisedAndExactlyBeforePartly) {
     }
 }
 
-TEST_F(WindowFocus, AWindowOfAHelperIsRaisedInItsProcess) {
+TEST_F(WindowFocus, WindowsOfHelpersAreItsOwnAndThoseOfNamesakesAreNot) {
     session.openWindow(mail, 100, u"inbox"_s);
+    session.openWindow(u"a dialog of it"_s, 100, u"dialog target"_s);
     session.openWindow(mail + u".helper"_s, 200, u"helper target"_s);
+    session.openWindow(mail + u"box"_s, 300, u"namesake target"_s);
+    session.openWindow(mail + u"box"_s, 100, u"another application of its process, target"_s);
     focus(u"target"_s);
-    EXPECT_EQ(laterLines().last(),
-              byTitle(u"CG+AX: focused 'helper target' (pid 200, substring)"_s));
+    const auto lines = laterLines();
+    EXPECT_EQ(lines[2], byTitle(counted(3)));
+    EXPECT_EQ(lines[3], byTitle(u"CG+AX: focused 'helper target' (pid 200, substring)"_s));
 }
 
 TEST_F(WindowFocus, AMissTellsAllTitlesThatCouldBeSeen) {
