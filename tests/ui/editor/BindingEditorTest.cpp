@@ -153,6 +153,7 @@ TEST_F(Editor, RecordingTakesTheNextTapAndNothingElse) {
     EXPECT_TRUE(shows(u"Tap your laptop NOW (one tap)"_s));
     recorder.captureTap(0.25, 0.75);
     world.time.run();
+    EXPECT_TRUE(shows(u"Recorded"_s));
     EXPECT_TRUE(shows(u"Recorded at x=0.2500  y=0.7500"_s));
     EXPECT_FALSE(recorder.isComplete);
     EXPECT_EQ(stored().samples.size(), 3U) << "nothing is stored before Save";
