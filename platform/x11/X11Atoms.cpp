@@ -45,6 +45,7 @@ constexpr std::array<std::string_view, atomCount> names = {
     "_NET_WM_WINDOW_TYPE_TOOLBAR",
     "_NET_WM_WINDOW_TYPE_TOOLTIP",
     "_NET_WM_WINDOW_TYPE_UTILITY",
+    "WM_CHANGE_STATE",
     "WM_CLASS",
     "WM_NAME",
 };

@@ -42,6 +42,7 @@ enum class Atom : std::size_t {
     typeToolbar,
     typeTooltip,
     typeUtility,
+    wmChangeState,
     wmClass,
     wmName,
     count,

@@ -21,6 +21,8 @@ constexpr std::uint32_t fromPager = 2;
 
 enum StateChange : std::uint32_t { removeState = 0, addState = 1 };
 
+constexpr std::uint32_t iconicState = 3; // of WM_CHANGE_STATE
+
 struct ManagedWindows {
     std::vector<xcb_window_t> stacked; // bottom to top
     std::vector<xcb_window_t> mapped;  // from the one that was opened first
@@ -168,14 +170,20 @@ Outcome X11Windows::askToStackAboveTop(std::uint32_t number) {
     return connection_.tellWindowManager(reinterpret_cast<const char*>(&request));
 }
 
+// Some managers (KWin, Mutter) only know the older of the two requests, others (Openbox) ignore
+// that one for windows of other workspaces. Whoever knows both does it once.
 Outcome X11Windows::hide(std::uint32_t number) {
     if (const auto checked = check(number); !checked)
         return checked;
-    return connection_.askWindowManager(
-        number, Atom::netWmState,
-        {addState, connection_.atom(Atom::netWmStateHidden), 0, fromPager});
+    if (const auto asked = connection_.askWindowManager(
+            number, Atom::netWmState,
+            {addState, connection_.atom(Atom::netWmStateHidden), 0, fromPager});
+        !asked)
+        return asked;
+    return connection_.askWindowManager(number, Atom::wmChangeState, {iconicState});
 }
 
+// The managers that do not know the request show the window when it is activated.
 Outcome X11Windows::unhide(std::uint32_t number) {
     if (const auto checked = check(number); !checked)
         return checked;
