@@ -44,8 +44,7 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(On, FocusRoad,
-                         testing::Values(WindowManager::openbox, WindowManager::xfwm4), nameOf);
+INSTANTIATE_TEST_SUITE_P(On, FocusRoad, managers, nameOf);
 
 // Three toolkits: the terminal is plain Xt, mousepad GTK, featherpad Qt.
 TEST_P(FocusRoad, TapsOpenApplicationsAndBringWindowsForward) {

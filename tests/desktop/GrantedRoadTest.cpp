@@ -18,8 +18,7 @@ protected:
     platform::MockedPad second{input, platform::ordinaryTrackpad(), 6};
 };
 
-INSTANTIATE_TEST_SUITE_P(On, GrantedRoad,
-                         testing::Values(WindowManager::openbox, WindowManager::xfwm4), nameOf);
+INSTANTIATE_TEST_SUITE_P(On, GrantedRoad, managers, nameOf);
 
 TEST_P(GrantedRoad, AskingTakesNoFocusAndTapsArriveOnceItIsGranted) {
     second.setPermissions(0);

@@ -45,8 +45,7 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(On, InstanceRoad,
-                         testing::Values(WindowManager::openbox, WindowManager::xfwm4), nameOf);
+INSTANTIATE_TEST_SUITE_P(On, InstanceRoad, managers, nameOf);
 
 TEST_P(InstanceRoad, ThereIsOneAndItCanAlwaysBeReached) {
     start({bindingAt(u"right"_s, right.x, right.y, TapAction::switchDesktopRight)});

@@ -68,8 +68,7 @@ protected:
     QRectF surface; // on screen
 };
 
-INSTANTIATE_TEST_SUITE_P(On, TrackpadRoad,
-                         testing::Values(WindowManager::openbox, WindowManager::xfwm4), nameOf);
+INSTANTIATE_TEST_SUITE_P(On, TrackpadRoad, managers, nameOf);
 
 TEST_P(TrackpadRoad, TheMouseTapsDragsHoldsAndClicks) {
     const auto terminal = openTerminal(u"work"_s);

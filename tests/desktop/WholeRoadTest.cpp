@@ -16,8 +16,7 @@ constexpr PadPoint top{0.5, 0.9};
 constexpr PadPoint corner{0.05, 0.95};
 constexpr PadPoint bottom{0.5, 0.1};
 
-INSTANTIATE_TEST_SUITE_P(On, WholeRoad,
-                         testing::Values(WindowManager::openbox, WindowManager::xfwm4), nameOf);
+INSTANTIATE_TEST_SUITE_P(On, WholeRoad, managers, nameOf);
 
 TEST_P(WholeRoad, TapsMoveCloseAndHide) {
     auto click = bindingAt(u"click"_s, bottom.x, bottom.y, TapAction::switchDesktopRight);

@@ -10,8 +10,7 @@ namespace {
 
 class BadWindows : public X11Desktop {};
 
-INSTANTIATE_TEST_SUITE_P(On, BadWindows,
-                         testing::Values(WindowManager::openbox, WindowManager::xfwm4), nameOf);
+INSTANTIATE_TEST_SUITE_P(On, BadWindows, managers, nameOf);
 
 TestProperty title(const QByteArray& bytes) {
     return {"_NET_WM_NAME", "UTF8_STRING", 8, bytes};

@@ -7,12 +7,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 
 namespace brimlow::desktop {
 
 inline std::string nameOf(const testing::TestParamInfo<WindowManager>& info) {
-    return info.param == WindowManager::openbox ? "openbox" : "xfwm4";
+    constexpr std::array names{"none", "openbox", "xfwm4", "kwin"};
+    return names.at(static_cast<std::size_t>(info.param));
 }
+
+inline const auto managers =
+    testing::Values(WindowManager::openbox, WindowManager::xfwm4, WindowManager::kwin);
 
 // How tests are listed.
 inline void PrintTo(WindowManager manager, std::ostream* out) {

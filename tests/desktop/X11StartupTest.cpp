@@ -13,8 +13,7 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(On, Startup, testing::Values(WindowManager::openbox, WindowManager::xfwm4),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(On, Startup, managers, nameOf);
 
 platform::DesktopEntry calculator() {
     platform::DesktopEntry entry;

@@ -103,11 +103,19 @@ bool PrivateDesktop::startBus() {
 }
 
 bool PrivateDesktop::startWindowManager() {
-    if (windowManager_ == WindowManager::none)
+    switch (windowManager_) {
+    case WindowManager::none:
         return true;
-    manager_ = windowManager_ == WindowManager::openbox
-                   ? child(u"openbox"_s, {u"--sm-disable"_s})
-                   : child(u"xfwm4"_s, {u"--compositor=off"_s});
+    case WindowManager::openbox:
+        manager_ = child(u"openbox"_s, {u"--sm-disable"_s});
+        break;
+    case WindowManager::xfwm4:
+        manager_ = child(u"xfwm4"_s, {u"--compositor=off"_s});
+        break;
+    case WindowManager::kwin:
+        manager_ = child(u"env"_s, {u"KWIN_COMPOSE=N"_s, u"kwin_x11"_s});
+        break;
+    }
     manager_->writeOutputTo(logFile());
     if (const QString why = manager_->start(); !why.isEmpty())
         return fail(why);

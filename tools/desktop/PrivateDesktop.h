@@ -12,7 +12,7 @@
 
 namespace brimlow::desktop {
 
-enum class WindowManager { none, openbox, xfwm4 };
+enum class WindowManager { none, openbox, xfwm4, kwin };
 
 /// A desktop of its own for one test or demonstration: an X server without a screen, a session bus,
 /// a window manager with its own defaults and four workspaces, and empty home, configuration, data,
