@@ -69,6 +69,7 @@ void AppDelegate::showOnboarding() {
     rows->addWidget(new OnboardingView(*onboardingSettings_, *onboardingPermissions_,
                                        [this] { closeOnboarding(); }));
     fitToText(*onboardingWindow_, smallest, usual);
+    centre(*onboardingWindow_);
     bringToFront(*onboardingWindow_);
 }
 

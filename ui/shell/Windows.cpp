@@ -10,11 +10,25 @@
 
 namespace brimlow {
 
+namespace {
+
+// What window managers draw above a window, at most; not known before it is shown.
+constexpr int titleBarHeight = 40;
+
+} // namespace
+
 void fitToText(QWidget& window, QSize smallest, QSize usual) {
     const auto& type = style::currentType();
     const QSize wanted(type.scaled(usual.width()), type.scaled(usual.height()));
     window.setMinimumSize(type.scaled(smallest.width()), smallest.height());
-    window.resize(wanted.boundedTo(window.screen()->availableSize()));
+    const QSize room = window.screen()->availableSize() - QSize(0, titleBarHeight);
+    window.resize(wanted.boundedTo(room));
+}
+
+void centre(QWidget& window) {
+    QRect frame = window.rect().marginsAdded({0, titleBarHeight, 0, 0});
+    frame.moveCenter(window.screen()->availableGeometry().center());
+    window.move(frame.topLeft());
 }
 
 void bringToFront(QWidget& window) {

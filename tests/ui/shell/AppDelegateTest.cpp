@@ -5,6 +5,7 @@
 #include "tests/ui/pickers/Shown.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -53,6 +54,9 @@ TEST_F(Delegate, FromADiskImageNothingStarts) {
 TEST_F(Delegate, TheFirstLaunchShowsTheGuideUntilItIsCompleted) {
     delegate.applicationDidFinishLaunching();
     ASSERT_TRUE(delegate.onboardingWindow());
+    const QPoint off = delegate.onboardingWindow()->geometry().center()
+                       - QGuiApplication::primaryScreen()->availableGeometry().center();
+    EXPECT_LE(off.manhattanLength(), 24) << "half a title bar";
     delegate.onboardingWindow()->close();
     world.time.run();
     EXPECT_FALSE(delegate.onboardingWindow());
