@@ -48,6 +48,7 @@ public:
     /// Un-hides, goes to its workspace, raises it and gives it the focus.
     virtual Outcome activate(std::uint32_t number) = 0;
     virtual Outcome raise(std::uint32_t number) = 0;
+    /// Under some window managers (KWin, Mutter) the window stays hidden until it is activated.
     virtual Outcome unhide(std::uint32_t number) = 0;
     virtual Outcome hide(std::uint32_t number) = 0;
     /// Asks politely: the application may put up a dialog instead.

@@ -175,23 +175,22 @@ Outcome X11Windows::askToStackAboveTop(std::uint32_t number) {
 Outcome X11Windows::hide(std::uint32_t number) {
     if (const auto checked = check(number); !checked)
         return checked;
-    if (const auto asked = connection_.askWindowManager(
-            number, Atom::netWmState,
-            {addState, connection_.atom(Atom::netWmStateHidden), 0, fromPager});
-        !asked)
+    if (const auto asked = askForHidden(number, addState); !asked)
         return asked;
     return connection_.askWindowManager(number, Atom::wmChangeState, {iconicState});
 }
 
-// The managers that do not know the request show the window when it is activated.
 Outcome X11Windows::unhide(std::uint32_t number) {
     if (const auto checked = check(number); !checked)
         return checked;
     if (!isHidden(number))
         return Outcome::success();
+    return askForHidden(number, removeState);
+}
+
+Outcome X11Windows::askForHidden(std::uint32_t number, std::uint32_t change) {
     return connection_.askWindowManager(
-        number, Atom::netWmState,
-        {removeState, connection_.atom(Atom::netWmStateHidden), 0, fromPager});
+        number, Atom::netWmState, {change, connection_.atom(Atom::netWmStateHidden), 0, fromPager});
 }
 
 // Managers take the request as one to show the window, with all that this brings about, even where

@@ -25,6 +25,7 @@ private:
     Outcome goToWorkspaceOf(std::uint32_t number);
     Outcome askToRaise(std::uint32_t number);
     Outcome askToStackAboveTop(std::uint32_t number);
+    Outcome askForHidden(std::uint32_t number, std::uint32_t change);
     bool isHidden(std::uint32_t number);
 
     X11Connection& connection_;

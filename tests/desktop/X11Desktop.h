@@ -11,8 +11,9 @@
 
 namespace brimlow::desktop {
 
+/// As they call themselves.
 inline std::string nameOf(const testing::TestParamInfo<WindowManager>& info) {
-    constexpr std::array names{"none", "openbox", "xfwm4", "kwin"};
+    constexpr std::array names{"none", "Openbox", "Xfwm4", "KWin"};
     return names.at(static_cast<std::size_t>(info.param));
 }
 

@@ -166,8 +166,8 @@ TEST_P(X11Desktop, ClosesTheActiveWindowOnCommandW) {
 
 TEST_P(X11Desktop, TellsWhatItCanDo) {
     auto abilities = session->abilities();
-    EXPECT_EQ(abilities.sessionName.toLower(),
-              u"x11 (%1)"_s.arg(QString::fromStdString(nameOf({GetParam(), 0}))));
+    EXPECT_EQ(abilities.sessionName,
+              u"X11 (%1)"_s.arg(QString::fromStdString(nameOf({GetParam(), 0}))));
     EXPECT_TRUE(abilities.controlsWindows && abilities.readsTitles && abilities.switchesWorkspaces);
     EXPECT_EQ(abilities.complaint() + abilities.remedy, QString());
 
